@@ -1,0 +1,27 @@
+# quindle_add_test(<name> SOURCES <file>... [LIBRARIES <target>...] [TIMEOUT <seconds>]
+#                  [LABELS <label>...] [X11])
+# One GoogleTest program. It runs without a display, from the source folder (where data/ttf lies),
+# and is stopped when it hangs. X11 marks a program that starts its own X server.
+function(quindle_add_test name)
+  cmake_parse_arguments(arg "X11" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 120)
+  endif()
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE
+    quindle_sdl_ui quindle_utils quindle_opengl ${arg_LIBRARIES}
+    quindle_warnings GTest::gmock GTest::gtest_main)
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/tests")
+  # The call recorder's functions must be seen by the libraries, not by this program alone.
+  set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
+  add_test(NAME ${name} COMMAND ${name} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
+  set(environment SDL_AUDIODRIVER=dummy)
+  if(arg_X11)
+    list(APPEND arg_LABELS x11)
+    set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
+  else()
+    list(APPEND environment SDL_VIDEODRIVER=dummy)
+  endif()
+  set_tests_properties(${name} PROPERTIES
+    TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")
+endfunction()

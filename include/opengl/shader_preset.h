@@ -1,0 +1,23 @@
+#pragma once
+
+/// Shader presets (".glslp").
+
+#include <string>
+
+#include "opengl/export.h"
+
+namespace quindle::opengl {
+
+/// Returns the path of the first pass's shader source that the preset file `presetPath` names, or
+/// an empty string when the preset cannot be read or names none.
+///
+/// The first line whose key is exactly `shader0` counts; comment lines (`#`, `//`) do not. The
+/// value may stand in double quotes. A relative path is joined to the folder of the preset that
+/// holds the line and normalised lexically; an absolute one is returned as written. A backslash
+/// separates components when no file of that exact name exists. A preset without `shader0` that
+/// says `#reference "other.glslp"` is followed, at most 16 deep and never in a circle. Whether the
+/// shader source exists is not checked. Never throws for a file's content or state. Callable from
+/// any thread.
+QUINDLE_OPENGL_EXPORT std::string ResolveGlslpFirstPass(const std::string& presetPath);
+
+}  // namespace quindle::opengl

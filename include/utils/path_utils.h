@@ -1,0 +1,30 @@
+#pragma once
+
+/// Path helpers on text. Both "/" and "\" separate components on every system, because paths of
+/// DOS and Windows users reach the host as text. Functions are pure and may be called from any
+/// thread; no file is looked at.
+
+#include <string>
+#include <string_view>
+
+#include "utils/export.h"
+
+namespace quindle::utils {
+
+/// Returns the last component of `path`: the text behind its last separator, or all of it when it
+/// has none. A trailing separator gives an empty string.
+QUINDLE_UTILS_EXPORT std::string filename_from_path(std::string_view path);
+
+/// Returns the last component of `path` without its extension (its last dot and what follows).
+///
+/// A name whose only dot comes first (".img") is all stem. `fallback` is returned as it stands when
+/// there is no usable stem: an empty last component, "." or "..".
+QUINDLE_UTILS_EXPORT std::string stem_or_filename_from_path(std::string_view path,
+                                                            std::string_view fallback);
+
+/// True when the byte `c` may be typed into a file-name field: printable ASCII except the
+/// characters that Windows or POSIX reserve in names (/ \ : * ? " < > |). Bytes from 0x80 are
+/// refused, since the fields are edited byte by byte and must never hold half a character.
+QUINDLE_UTILS_EXPORT bool is_allowed_filename_char(char c);
+
+}  // namespace quindle::utils

@@ -1,0 +1,72 @@
+#pragma once
+
+// Private. The steps of a modal frame that every dialog repeats, and the guards around its loop.
+// Nothing here calls back into a dialog; each dialog keeps its own loop and its own event handling.
+// Windows and renderers are borrowed from the dialog's ModalWindowBundle.
+
+#include <SDL.h>
+
+namespace quindle::frontend::gui {
+
+// Pause after each frame, in milliseconds; it paces the loop, as no renderer waits for vsync.
+inline constexpr Uint32 kListFrameDelayMs = 8;    // pickers, HDD image, screenshot
+inline constexpr Uint32 kPanelFrameDelayMs = 12;  // message box, About, settings, shader
+
+// Offset of a mouse position that is nowhere: no rectangle of a dialog holds it.
+inline constexpr int kPointerElsewhere = -1;
+
+// Pointer in window pixels; (-1, -1) and not pressed while another window has the mouse.
+struct ModalPointer {
+  int x = kPointerElsewhere;
+  int y = kPointerElsewhere;
+  bool left_down = false;
+};
+
+// Takes the next event for a dialog; false once the queue is empty. Window events of other windows
+// are dropped. Key, text and mouse events are NOT filtered: that rule is the dialog's.
+bool PollModalEvent(SDL_Window* window, SDL_Event* event);
+
+// True for a quit, and for a close of the dialog's own window, of an event from PollModalEvent.
+bool IsModalCancelEvent(const SDL_Event& event);
+
+// True for a mouse button, motion or wheel event that names a window other than the dialog's. Id 0
+// (no window) counts as the dialog's, as do all events that are not of the mouse.
+bool IsMouseEventOfOtherWindow(SDL_Window* window, const SDL_Event& event);
+
+// True for a press or release of the left mouse button.
+bool IsLeftButtonEvent(const SDL_Event& event);
+
+// Reads the pointer as it is now. Called where the dialog's frame wants it.
+ModalPointer ReadModalPointer(SDL_Window* window);
+
+// Presents; after the first present also shows, raises and focuses the window, and sets *shown.
+void PresentModalFrame(SDL_Window* window, SDL_Renderer* renderer, bool* shown);
+
+// Hands the focus back to the parent when it goes out of scope, by an exception too. Make it once
+// the dialog is open: a failed opening must not touch the parent. Its place among the dialog's
+// locals decides whether the window is still there at that moment.
+class ModalParentFocus {
+ public:
+  explicit ModalParentFocus(SDL_Window* parent) : parent_(parent) {}
+  ~ModalParentFocus();
+  ModalParentFocus(const ModalParentFocus&) = delete;
+  ModalParentFocus& operator=(const ModalParentFocus&) = delete;
+  ModalParentFocus(ModalParentFocus&&) = delete;
+  ModalParentFocus& operator=(ModalParentFocus&&) = delete;
+
+ private:
+  SDL_Window* parent_;
+};
+
+// Text input is on while this lives.
+class ModalTextInput {
+ public:
+  ModalTextInput();
+  ~ModalTextInput();
+  ModalTextInput(const ModalTextInput&) = delete;
+  ModalTextInput& operator=(const ModalTextInput&) = delete;
+  ModalTextInput(ModalTextInput&&) = delete;
+  ModalTextInput& operator=(ModalTextInput&&) = delete;
+};
+
+}  // namespace quindle::frontend::gui
