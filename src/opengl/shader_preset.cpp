@@ -1,8 +1,130 @@
 #include "opengl/shader_preset.h"
 
-namespace quindle::opengl {
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string_view>
+#include <system_error>
+#include <vector>
 
-std::string ResolveGlslpFirstPass(const std::string&) {
+#include "utils/file_utils.h"
+#include "utils/string_utils.h"
+
+namespace quindle::opengl {
+namespace {
+
+namespace fs = std::filesystem;
+using utils::trim_white_space;
+
+constexpr std::size_t kMaxReferenceDepth = 16;
+constexpr std::string_view kFirstPassKey = "shader0";
+constexpr std::string_view kReferenceWord = "#reference";
+
+// What a preset says about its first pass; the views point into the preset's text.
+struct PresetSources {
+  std::optional<std::string_view> first_pass;
+  std::optional<std::string_view> reference;
+};
+
+bool IsWhiteSpace(char c) {
+  return trim_white_space({&c, 1}).empty();
+}
+
+bool StartsComment(std::string_view text) {
+  return text.starts_with('#') || text.starts_with("//");
+}
+
+// `text` up to the white space that stands before a comment. "#" and "//" inside a word belong to
+// it, as in "a#b.glsl".
+std::string_view WithoutComment(std::string_view text) {
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    if (IsWhiteSpace(text[i - 1]) && StartsComment(text.substr(i))) {
+      return text.substr(0, i);
+    }
+  }
+  return text;
+}
+
+// The file name in the rest of a line: quoted (the closing quote may be missing) or bare.
+std::string_view ReadFileName(std::string_view rest) {
+  const std::string_view value = trim_white_space(rest);
+  if (value.starts_with('"')) {
+    const std::string_view quoted = value.substr(1);
+    return quoted.substr(0, quoted.find('"'));
+  }
+  return trim_white_space(WithoutComment(rest));
+}
+
+std::optional<std::string_view> ReadReference(std::string_view line) {
+  if (!line.starts_with(kReferenceWord)) {
+    return std::nullopt;
+  }
+  const std::string_view rest = line.substr(kReferenceWord.size());
+  const bool ends_word = rest.starts_with('"') || (!rest.empty() && IsWhiteSpace(rest.front()));
+  return ends_word ? std::optional(ReadFileName(rest)) : std::nullopt;
+}
+
+std::optional<std::string_view> ReadFirstPass(std::string_view line) {
+  const std::size_t equals = line.find('=');
+  if (StartsComment(line) || equals == std::string_view::npos ||
+      trim_white_space(line.substr(0, equals)) != kFirstPassKey) {
+    return std::nullopt;
+  }
+  return ReadFileName(line.substr(equals + 1));
+}
+
+PresetSources FindSources(std::string_view text) {
+  PresetSources sources;
+  while (!text.empty() && !sources.first_pass) {
+    const std::size_t length = std::min(text.find('\n'), text.size());
+    const std::string_view line = trim_white_space(text.substr(0, length));
+    text.remove_prefix(std::min(length + 1, text.size()));
+    sources.first_pass = ReadFirstPass(line);
+    if (!sources.reference) {
+      sources.reference = ReadReference(line);
+    }
+  }
+  return sources;
+}
+
+// The path of the file that a preset in `folder` calls `name`; empty when it names none.
+std::string ResolveFileName(const fs::path& folder, std::string_view name) {
+  if (name.empty() || fs::path(name).is_absolute()) {
+    return std::string(name);
+  }
+  fs::path path = folder / name;
+  std::error_code error;
+  if (name.find('\\') != std::string_view::npos && !fs::exists(path, error)) {
+    std::string slashes(name);
+    std::replace(slashes.begin(), slashes.end(), '\\', '/');
+    path = folder / slashes;
+  }
+  return path.lexically_normal().string();
+}
+
+std::string ReadPreset(const fs::path& path) {
+  std::string text;
+  std::string unused_error;
+  utils::read_text_file(path, text, unused_error, nullptr, nullptr);
+  return text;
+}
+
+}  // namespace
+
+std::string ResolveGlslpFirstPass(const std::string& presetPath) {
+  std::vector<fs::path> visited;
+  fs::path preset = presetPath;
+  while (!preset.empty() && visited.size() <= kMaxReferenceDepth &&
+         std::find(visited.begin(), visited.end(), preset.lexically_normal()) == visited.end()) {
+    visited.push_back(preset.lexically_normal());
+    const std::string text = ReadPreset(preset);
+    const PresetSources sources = FindSources(text);
+    if (sources.first_pass) {
+      return ResolveFileName(preset.parent_path(), *sources.first_pass);
+    }
+    preset = ResolveFileName(preset.parent_path(), sources.reference.value_or(""));
+  }
   return {};
 }
 

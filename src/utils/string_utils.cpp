@@ -6,6 +6,10 @@ namespace quindle::utils {
 namespace {
 
 constexpr std::string_view kDots = "...";
+// White space as isspace knows it in the C locale; the process locale plays no part.
+constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
+// A UTF-8 character has at most so many bytes behind its first.
+constexpr std::size_t kMaxContinuationBytes = 3;
 
 char AsciiLower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -15,13 +19,16 @@ bool IsContinuationByte(char c) {
   return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
-// At most `limit` bytes from the end of `text`, starting with a whole character.
+// At most `limit` bytes from the end of the longer `text`, starting with a whole character. Text
+// that is no UTF-8 may hold long runs of continuation bytes; those beyond one character are kept.
 std::string_view RightmostCharacters(std::string_view text, std::size_t limit) {
-  std::string_view tail = text.substr(text.size() - std::min(limit, text.size()));
-  while (!tail.empty() && IsContinuationByte(tail.front())) {
-    tail.remove_prefix(1);
+  const std::string_view tail = text.substr(text.size() - limit);
+  const std::size_t most = std::min(tail.size(), kMaxContinuationBytes);
+  std::size_t cut = 0;
+  while (cut < most && IsContinuationByte(tail[cut])) {
+    ++cut;
   }
-  return tail;
+  return tail.substr(cut);
 }
 
 }  // namespace
@@ -30,6 +37,14 @@ std::string ascii_to_lower(std::string_view text) {
   std::string lowered(text);
   std::transform(lowered.begin(), lowered.end(), lowered.begin(), AsciiLower);
   return lowered;
+}
+
+std::string_view trim_white_space(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(kWhiteSpace);
+  if (first == std::string_view::npos) {
+    return {};
+  }
+  return text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
 }
 
 std::string ellipsize_left(std::string_view text, std::size_t maxChars) {
