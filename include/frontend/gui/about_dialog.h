@@ -12,10 +12,11 @@
 
 namespace quindle::frontend::gui {
 
-/// Shows the About dialog and blocks, on the thread that owns SDL video, until it is closed.
-/// `parent` may be null. `scale` is accepted and not applied. A click on a link opens it with
-/// SDL_OpenURL and leaves the dialog open. Returns at once when no window could be made; without
-/// fonts the dialog works, its texts are missing.
+/// Shows the About dialog and blocks, on the thread that owns SDL video, until it is closed. A
+/// click on a link opens it with SDL_OpenURL and leaves the dialog open. Returns at once when no
+/// window could be made; without fonts the dialog works, its texts are missing.
+/// @param parent the window to be modal for; may be null
+/// @param scale accepted and not applied
 QUINDLE_SDL_UI_EXPORT void ShowSimpleAboutDialog(SDL_Window* parent, float scale);
 
 /// The fonts of the dialog, each empty when it could not be opened. Sizes are in points at scale 1.
@@ -28,7 +29,9 @@ struct AboutDialogFonts {
   OwnedTtfFont footerFont;     ///< The line in the footer: 13.
 };
 
-/// Opens the six fonts, in the order of the record, for a scale factor.
+/// Opens the six fonts, in the order of the record.
+/// @param scale multiplies the sizes; the dialog uses 1.2
+/// @return the fonts; those that could not be opened are empty
 QUINDLE_SDL_UI_EXPORT AboutDialogFonts OpenAboutDialogFonts(float scale);
 
 /// The measures of the dialog, in pixels.
@@ -58,11 +61,16 @@ struct AboutDialogMetrics {
   float scale = 1.0F;    ///< The factor that the measures were made with.
 };
 
-/// Computes the measures from the fonts' heights; a missing font counts with a fixed height.
+/// Computes the measures from the fonts' heights.
+/// @param fonts a missing font counts with a fixed height
+/// @param scale multiplies the measures; the dialog uses 1.2
+/// @return the measures, in pixels
 QUINDLE_SDL_UI_EXPORT AboutDialogMetrics BuildAboutDialogMetrics(const AboutDialogFonts& fonts,
                                                                  float scale);
 
-/// Client height in pixels of a window with these measures.
+/// Adds up the height of a window.
+/// @param metrics the measures of the dialog
+/// @return client height in pixels
 QUINDLE_SDL_UI_EXPORT int AboutDialogWindowHeight(const AboutDialogMetrics& metrics);
 
 /// The values of the build information, as they are shown.
@@ -75,7 +83,8 @@ struct AboutDialogInfoRows {
   std::string flags;      ///< Build switches, as "LTO OFF  PGO OFF  O2 OFF  O3 ON".
 };
 
-/// Returns the build information of this library.
+/// Describes how this library was built.
+/// @return the texts, as the dialog shows them
 QUINDLE_SDL_UI_EXPORT AboutDialogInfoRows BuildAboutDialogInfoRows();
 
 /// Where the links stand, in window pixels; empty rectangles before the first frame.
@@ -84,9 +93,16 @@ struct AboutDialogLinks {
   SDL_Rect homepage{0, 0, 0, 0};      ///< The row of the product's web address.
 };
 
-/// Draws one frame without presenting it. `width` and `height` are the client size in pixels,
-/// (`mouseX`, `mouseY`) the pointer, (-1, -1) while it is elsewhere. `links` may be null; it
-/// receives the links' rectangles.
+/// Draws one frame without presenting it.
+/// @param renderer the target; borrowed
+/// @param fonts without a font its texts are missing
+/// @param metrics the measures, made from the same fonts
+/// @param rows the build information
+/// @param width client width in pixels
+/// @param height client height in pixels
+/// @param mouseX pointer in window pixels; -1 while it is elsewhere
+/// @param mouseY pointer in window pixels; -1 while it is elsewhere
+/// @param links receives the links' rectangles; may be null
 QUINDLE_SDL_UI_EXPORT void RenderAboutDialogFrame(SDL_Renderer* renderer,
                                                   const AboutDialogFonts& fonts,
                                                   const AboutDialogMetrics& metrics,
@@ -94,7 +110,14 @@ QUINDLE_SDL_UI_EXPORT void RenderAboutDialogFrame(SDL_Renderer* renderer,
                                                   int height, int mouseX, int mouseY,
                                                   AboutDialogLinks* links);
 
-/// Draws one link: its box, `label` and below it `value`. Without a font its text is missing.
+/// Draws one link: its box, its label and below that its address.
+/// @param renderer the target; borrowed
+/// @param labelFont font of the label; null leaves it out
+/// @param valueFont font of the address; null leaves it out
+/// @param rect the box, in window pixels
+/// @param label UTF-8
+/// @param value UTF-8
+/// @param hovered whether the pointer is over it
 QUINDLE_SDL_UI_EXPORT void DrawLinkRow(SDL_Renderer* renderer, TTF_Font* labelFont,
                                        TTF_Font* valueFont, const SDL_Rect& rect,
                                        const std::string& label, const std::string& value,

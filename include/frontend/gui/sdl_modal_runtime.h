@@ -13,21 +13,29 @@
 
 namespace quindle::frontend::gui {
 
-/// Releases a surface with SDL_FreeSurface; does nothing for null.
+/// Releases a surface with SDL_FreeSurface.
+/// @param surface what to release; null does nothing
 QUINDLE_SDL_UI_EXPORT void DestroySdlSurface(SDL_Surface* surface) noexcept;
-/// Releases a texture with SDL_DestroyTexture; does nothing for null.
+/// Releases a texture with SDL_DestroyTexture.
+/// @param texture what to release; null does nothing
 QUINDLE_SDL_UI_EXPORT void DestroySdlTexture(SDL_Texture* texture) noexcept;
-/// Releases a renderer with SDL_DestroyRenderer; does nothing for null.
+/// Releases a renderer with SDL_DestroyRenderer.
+/// @param renderer what to release; null does nothing
 QUINDLE_SDL_UI_EXPORT void DestroySdlRenderer(SDL_Renderer* renderer) noexcept;
-/// Releases a window with SDL_DestroyWindow; does nothing for null.
+/// Releases a window with SDL_DestroyWindow.
+/// @param window what to release; null does nothing
 QUINDLE_SDL_UI_EXPORT void DestroySdlWindow(SDL_Window* window) noexcept;
-/// Closes a font with TTF_CloseFont; does nothing for null.
+/// Closes a font with TTF_CloseFont.
+/// @param font what to close; null does nothing
 QUINDLE_SDL_UI_EXPORT void CloseSdlTtfFont(TTF_Font* font) noexcept;
 
 /// Deleter that calls one of the release functions above.
+/// @tparam Release the function to call
 template <auto Release>
 struct ReleaseWith {
-  /// Releases `handle`, which may be null.
+  /// Releases a handle.
+  /// @tparam Handle the type of what is released
+  /// @param handle what to release; null does nothing
   template <typename Handle>
   void operator()(Handle* handle) const noexcept {
     Release(handle);
@@ -53,9 +61,12 @@ struct ModalWindowBundle {
 
   /// An empty bundle.
   ModalWindowBundle() noexcept = default;
-  /// Takes over the handles of `other`, which is left empty.
+  /// Takes over another bundle's handles.
+  /// @param other the bundle to take from; left empty
   ModalWindowBundle(ModalWindowBundle&& other) noexcept = default;
-  /// Releases what it holds, renderer first, and takes over the handles of `other`.
+  /// Releases what it holds, renderer first, and takes over another bundle's handles.
+  /// @param other the bundle to take from; left empty
+  /// @return this bundle
   QUINDLE_SDL_UI_EXPORT ModalWindowBundle& operator=(ModalWindowBundle&& other) noexcept;
   ModalWindowBundle(const ModalWindowBundle&) = delete;
   ModalWindowBundle& operator=(const ModalWindowBundle&) = delete;
@@ -72,10 +83,10 @@ enum class ModalRendererMode {
 /// Installs the callback that every open dialog calls once per frame, so that the host can go on
 /// with its periodic work while a dialog blocks its thread.
 ///
-/// `heartbeat` is moved in; an empty function removes the callback. It may throw (the exception
-/// leaves the dialog's Show function, which releases what it made), may call this function, and may
-/// open another dialog. The previous callback is destroyed before this returns. Callable from any
-/// thread; throws std::system_error when the lock fails.
+/// The callback may throw (the exception leaves the dialog's Show function, which releases what it
+/// made), may call this function, and may open another dialog. The previous callback is destroyed
+/// before this returns. Callable from any thread; throws std::system_error when the lock fails.
+/// @param heartbeat moved in; an empty function removes the callback
 QUINDLE_SDL_UI_EXPORT void SetModalDialogHeartbeat(std::function<void()> heartbeat);
 
 /// Calls the installed heartbeat once; does nothing when there is none. A replacement installed
@@ -84,19 +95,28 @@ QUINDLE_SDL_UI_EXPORT void PumpModalDialogHeartbeat();
 
 /// Creates a window with its renderer, modal for `parent`.
 ///
-/// `parent` may be null: the window is then centred and modal for nobody. With a parent, `x` and
-/// `y` are the offset in pixels of the window's top-left corner from the parent's. `title` is
-/// UTF-8; `width` and `height` are the client size in pixels; `windowFlags` are SDL_WindowFlags,
-/// passed on unchanged (dialogs pass SDL_WINDOW_HIDDEN and show the window after the first frame).
-/// Returns an empty bundle when the window or its renderer could not be made; nothing is left open
-/// then. Lifetime: the caller owns the bundle; `parent` must outlive it.
+/// Lifetime: the caller owns the bundle; `parent` must outlive it.
+/// @param parent may be null: the window is then centred and modal for nobody
+/// @param title the window's title, UTF-8; null counts as empty
+/// @param x offset in pixels of the window's left edge from the parent's
+/// @param y offset in pixels of the window's top edge from the parent's
+/// @param width client width in pixels
+/// @param height client height in pixels
+/// @param windowFlags SDL_WindowFlags, passed on unchanged; dialogs pass SDL_WINDOW_HIDDEN and show
+/// the
+///   window after the first frame
+/// @param mode which renderer to make
+/// @return the window with its renderer; an empty bundle when either could not be made, with
+/// nothing
+///   left open
 QUINDLE_SDL_UI_EXPORT ModalWindowBundle CreateModalWindowBundle(SDL_Window* parent,
                                                                 const char* title, int x, int y,
                                                                 int width, int height,
                                                                 unsigned int windowFlags,
                                                                 ModalRendererMode mode);
 
-/// Raises `parent` and gives it the input focus; does nothing for null.
+/// Raises a dialog's parent and gives it the input focus.
+/// @param parent the window to raise; null does nothing
 QUINDLE_SDL_UI_EXPORT void RestoreModalParentFocus(SDL_Window* parent);
 
 }  // namespace quindle::frontend::gui
