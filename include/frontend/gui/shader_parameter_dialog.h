@@ -1,0 +1,172 @@
+#pragma once
+
+/// Shader parameters: the `#pragma parameter` declarations of a GLSL source, the values that a
+/// preset stores for them, and the dialog in which the user tunes them while the host shows the
+/// effect. The parsers may be called from any thread, the dialog from the thread that owns SDL
+/// video. Numbers are read and shown with a decimal point, whatever the process locale is.
+
+#include <SDL.h>
+#include <SDL_ttf.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "frontend/gui/export.h"
+
+namespace quindle::frontend::gui {
+
+/// One declaration: `#pragma parameter NAME "Label" default min max step`.
+struct ShaderParameterSpec {
+  std::string name;            ///< Identifier of the uniform, as written behind "parameter".
+  std::string label;           ///< Text between the quotes, verbatim; bytes of any encoding.
+  float default_value = 0.0F;  ///< As declared; may lie outside min_value .. max_value.
+  float min_value = 0.0F;      ///< Lower bound; never above `max_value` when parsed.
+  float max_value = 0.0F;      ///< Upper bound.
+  float step = 0.0F;           ///< Distance of the grid's values; 0 means a continuous value.
+};
+
+/// A parameter's value.
+struct ShaderParameterValue {
+  std::string name;    ///< Identifier of the uniform; compared byte by byte.
+  float value = 0.0F;  ///< The value, in the units of its declaration.
+};
+
+/// What the shader dialog edits and returns.
+struct ShaderDialogResult {
+  bool applied = false;  ///< The user applied the values at least once and did not cancel later.
+  std::vector<ShaderParameterValue> values;  ///< One per declaration, in declaration order.
+};
+
+/// Returns the file in which the declarations stand: the first pass's source for a preset (a path
+/// whose extension is ".glslp" in any case), otherwise `path` unchanged. Empty for a preset without
+/// a usable first pass. Whether the file exists is not checked.
+QUINDLE_SDL_UI_EXPORT std::string ResolveShaderGlslPath(const std::string& path);
+
+/// Reads the declarations of the shader `path`, or of a preset's first pass, in file order.
+///
+/// Malformed lines are skipped; swapped bounds are put in order, a step that is not greater than 0
+/// becomes 0, and duplicates are kept. Empty when the file cannot be read or declares nothing.
+/// Throws nothing but std::bad_alloc.
+QUINDLE_SDL_UI_EXPORT std::vector<ShaderParameterSpec> ParseShaderParameterSpecs(
+    const std::string& path);
+
+/// Reads the values that the preset `preset_path` stores, in file order, duplicates included.
+///
+/// Only the names of its first "parameters" list count; values that are no number or out of a
+/// float's range are skipped; nothing is clamped. Empty when the path's extension is not ".glslp"
+/// (in any case), the file cannot be read or it has no list. Throws nothing but std::bad_alloc.
+QUINDLE_SDL_UI_EXPORT std::vector<ShaderParameterValue> ParseGlslpParameterOverrides(
+    const std::string& preset_path);
+
+/// Clamps `v` to the bounds of `spec` and moves it to the nearest value of the grid that starts at
+/// `min_value`, halfway cases away from it; a bound wins over the grid. A NaN becomes `min_value`.
+QUINDLE_SDL_UI_EXPORT float SnapToStep(const ShaderParameterSpec& spec, float v);
+
+/// Returns the values with which the dialog starts, not applied: for each of `specs`, in order, the
+/// first value of `current` with its name, or else its default, clamped and snapped. Values that
+/// belong to no declaration are dropped.
+QUINDLE_SDL_UI_EXPORT ShaderDialogResult
+InitializeShaderDialogResult(const std::vector<ShaderParameterSpec>& specs,
+                             const std::vector<ShaderParameterValue>& current);
+
+/// Called with the dialog's values when the user applies them, while the dialog is open. The vector
+/// is the dialog's own: copy what is to be kept. May throw (the exception leaves the dialog, which
+/// releases what it made) and may open another dialog. May be empty.
+using ShaderApplyCallback = std::function<void(const std::vector<ShaderParameterValue>&)>;
+
+/// The fixed measures of the shader dialog, in window pixels.
+struct ShaderDialogGeometry {
+  int list_top = 20;           ///< Top of row 0 when nothing is scrolled off.
+  int row_height = 80;         ///< Height of a row; one wheel notch scrolls by half of it.
+  int slider_x = 260;          ///< Left edge of every slider track.
+  int slider_width = 275;      ///< Width of every slider track.
+  int slider_hit_height = 13;  ///< Height of the track, centred on the row; it grabs the slider.
+  int label_x = 14;            ///< Left edge of every label.
+  int detail_x = 545;          ///< Left edge of every value and range text.
+  int reserved_width = 72;     ///< Carried for the host; not used.
+  int button_width = 78;       ///< Width of the bottom buttons.
+  int button_height = 26;      ///< Height of the bottom buttons.
+  int window_width = 900;      ///< Initial client width.
+  int window_height = 280;     ///< Initial client height, 280 .. 500.
+  int content_height = 90;     ///< Client height at which nothing would need scrolling off.
+};
+
+/// Computes the measures for `count` parameters. `scale` is accepted and not applied.
+QUINDLE_SDL_UI_EXPORT ShaderDialogGeometry BuildShaderDialogGeometry(int count, float scale);
+
+/// What the dialog's loop works on. All handles and records are borrowed and must outlive the run.
+struct ShaderDialogSession {
+  SDL_Window* window = nullptr;                             ///< The dialog's window.
+  SDL_Renderer* renderer = nullptr;                         ///< The renderer of `window`.
+  TTF_Font* header_font = nullptr;                          ///< Font of the heading.
+  TTF_Font* detail_font = nullptr;                          ///< Font of all other texts.
+  std::string shader_path;                                  ///< The path in the heading, as given.
+  const std::vector<ShaderParameterSpec>* specs = nullptr;  ///< The declarations.
+  const ShaderDialogGeometry* geometry = nullptr;           ///< The measures.
+  ShaderDialogResult* result = nullptr;  ///< Edited in place; one value per declaration.
+  bool dragging_slider = false;          ///< The slider of `active_param` follows the pointer.
+  int active_param = -1;                 ///< Row whose slider is dragged; -1 for none.
+  bool dragging_scrollbar = false;       ///< The scroll bar follows the pointer.
+  int drag_start_y = 0;                  ///< Pointer's y when the scroll bar was grabbed.
+  int drag_start_scroll = 0;             ///< `scroll` when the scroll bar was grabbed.
+  int scroll = 0;                        ///< Pixels scrolled off the top, 0 .. max_scroll.
+  bool shown = false;                    ///< The window has been shown.
+};
+
+/// The places that follow the window's size, in window pixels.
+struct ShaderDialogLayout {
+  int view_top = 36;                  ///< Top of the list view.
+  int view_h = 1;                     ///< Height of the list view, at least 1.
+  int max_scroll = 0;                 ///< Greatest `scroll`, at least 0.
+  SDL_Rect cancel{0, 0, 0, 0};        ///< The button "Cancel".
+  SDL_Rect apply{0, 0, 0, 0};         ///< The button "Apply".
+  SDL_Rect scroll_track{0, 0, 0, 0};  ///< The whole scroll bar; not drawn when all rows fit.
+  SDL_Rect scroll_thumb{0, 0, 0, 0};  ///< Its thumb; equal to `scroll_track` when all rows fit.
+};
+
+/// Computes the layout for a client size of `width` x `height` pixels from the session's number of
+/// declarations and its `scroll`.
+QUINDLE_SDL_UI_EXPORT ShaderDialogLayout BuildShaderDialogLayout(const ShaderDialogSession& session,
+                                                                 int width, int height);
+
+/// Returns the row at the window coordinate `y` when `scroll` pixels have gone off the top and
+/// there are `count` rows; -1 above the first and below the last.
+QUINDLE_SDL_UI_EXPORT int FindShaderDialogParamAtY(const ShaderDialogGeometry& geometry, int y,
+                                                   int scroll, int count);
+
+/// Returns the value, clamped and snapped, for a slider pulled to the window coordinate `x`.
+QUINDLE_SDL_UI_EXPORT float ShaderDialogValueFromMouse(const ShaderParameterSpec& spec,
+                                                       const ShaderDialogGeometry& geometry, int x);
+
+/// Draws one line of UTF-8 text with its top-left corner at (`x`, `y`). Does nothing when
+/// `renderer` or `font` is null or `text` is empty.
+QUINDLE_SDL_UI_EXPORT void DrawShaderDialogText(SDL_Renderer* renderer, TTF_Font* font,
+                                                const std::string& text, int x, int y,
+                                                SDL_Color color);
+
+/// Draws and presents one frame for a client size of `width` x `height` pixels; the first one also
+/// shows, raises and focuses the window. The session must be complete, as for the loop.
+QUINDLE_SDL_UI_EXPORT void RenderShaderDialog(ShaderDialogSession* session,
+                                              const ShaderDialogLayout& layout, int width,
+                                              int height);
+
+/// Runs the dialog in a window that is there already, until the user ends it. Returns at once when
+/// `session` or its window, renderer, a font, specs, geometry or result is null. Exceptions of
+/// `on_apply` and of the heartbeat pass through.
+QUINDLE_SDL_UI_EXPORT void RunShaderParameterDialog(ShaderDialogSession* session,
+                                                    const ShaderApplyCallback& on_apply);
+
+/// Lets the user tune the parameters of the shader or preset `shader_path`; blocks until the dialog
+/// ends. `parent` may be null. `scale` is accepted and not applied. `current` holds the values in
+/// force (see InitializeShaderDialogResult).
+///
+/// Apply and Return hand the values to `on_apply` and leave the dialog open. Returns the values
+/// last shown; `applied` is true when the user applied and then closed the window, false after
+/// Cancel or Escape. Without declarations, and without a font, a message is shown instead of the
+/// dialog; without a window nothing is shown. The starting values are returned then, not applied.
+QUINDLE_SDL_UI_EXPORT ShaderDialogResult ShowShaderParameterDialog(
+    SDL_Window* parent, const std::string& shader_path, float scale, ShaderApplyCallback on_apply,
+    const std::vector<ShaderParameterValue>& current);
+
+}  // namespace quindle::frontend::gui
