@@ -31,7 +31,7 @@ bool IsWhiteSpace(char c) {
   return trim_white_space({&c, 1}).empty();
 }
 
-bool StartsComment(std::string_view text) {
+bool IsCommentMark(std::string_view text) {
   return text.starts_with('#') || text.starts_with("//");
 }
 
@@ -39,7 +39,7 @@ bool StartsComment(std::string_view text) {
 // it, as in "a#b.glsl".
 std::string_view WithoutComment(std::string_view text) {
   for (std::size_t i = 1; i < text.size(); ++i) {
-    if (IsWhiteSpace(text[i - 1]) && StartsComment(text.substr(i))) {
+    if (IsWhiteSpace(text[i - 1]) && IsCommentMark(text.substr(i))) {
       return text.substr(0, i);
     }
   }
@@ -65,9 +65,10 @@ std::optional<std::string_view> ReadReference(std::string_view line) {
   return ends_word ? std::optional(ReadFileName(rest)) : std::nullopt;
 }
 
+// A line that is commented out has another key, such as "//shader0".
 std::optional<std::string_view> ReadFirstPass(std::string_view line) {
   const std::size_t equals = line.find('=');
-  if (StartsComment(line) || equals == std::string_view::npos ||
+  if (equals == std::string_view::npos ||
       trim_white_space(line.substr(0, equals)) != kFirstPassKey) {
     return std::nullopt;
   }

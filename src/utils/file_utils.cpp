@@ -34,7 +34,7 @@ ReadOutcome ReadRegularFile(const std::filesystem::path& path, std::string& byte
   if (!file) {
     return ReadOutcome::CannotOpen;
   }
-  std::array<char, kChunkBytes> chunk;
+  std::array<char, kChunkBytes> chunk{};
   do {
     file.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
     bytes.append(chunk.data(), static_cast<std::size_t>(file.gcount()));
@@ -51,6 +51,8 @@ class FileDescriptor {
   explicit FileDescriptor(int descriptor) : descriptor_(descriptor) {}
   FileDescriptor(const FileDescriptor&) = delete;
   FileDescriptor& operator=(const FileDescriptor&) = delete;
+  FileDescriptor(FileDescriptor&&) = delete;
+  FileDescriptor& operator=(FileDescriptor&&) = delete;
   ~FileDescriptor() {
     if (descriptor_ >= 0) {
       close(descriptor_);
@@ -73,7 +75,7 @@ FileDescriptor OpenForReading(const char* path) {
 
 // Reads on whatever size the file reports: some system files report none, others grow meanwhile.
 bool ReadToEnd(const FileDescriptor& file, std::string& bytes) {
-  std::array<char, kChunkBytes> chunk;
+  std::array<char, kChunkBytes> chunk{};
   for (;;) {
     const ssize_t count = read(file.get(), chunk.data(), chunk.size());
     if (count == 0) {
@@ -100,8 +102,9 @@ ReadOutcome ReadRegularFile(const std::filesystem::path& path, std::string& byte
   if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
     return ReadOutcome::CannotOpen;
   }
+  // fstat() fails where open() did.
   const FileDescriptor file = OpenForReading(path.c_str());
-  if (file.get() < 0 || fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
+  if (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
     return ReadOutcome::CannotOpen;
   }
   if (status.st_size > static_cast<off_t>(kMaxTextFileBytes)) {

@@ -19,6 +19,7 @@
 #include <string>
 #include <thread>
 
+#include "support/open_counter.h"
 #include "support/temporary_directory.h"
 
 namespace quindle::utils {
@@ -26,6 +27,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
+using quindle::testing::OpenCounter;
 using quindle::testing::TemporaryDirectory;
 
 constexpr const char* kOpenError = "cannot open file";
@@ -211,6 +213,20 @@ TEST(ReadTextFile, NeverBlocksOnAFifo) {
   ExpectFailure(fifo, kOpenError);
   ExpectFailure(folder.path() / "link", kOpenError);
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+}
+
+// Opening a device can do something: rewind a tape, start a watchdog.
+TEST(ReadTextFile, DoesNotEvenOpenWhatIsNoRegularFile) {
+  const TemporaryDirectory folder;
+  const fs::path fifo = folder.path() / "fifo";
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  const OpenCounter opened_fifo(fifo);
+  Read(fifo);
+  EXPECT_EQ(opened_fifo.Take(), 0);
+  const fs::path file = folder.Write("text", "hello");
+  const OpenCounter opened_file(file);
+  Read(file);
+  EXPECT_EQ(opened_file.Take(), 1);
 }
 
 // While a second thread swaps a regular file and a FIFO under one name, a read sees one or the

@@ -1,15 +1,12 @@
 #include "opengl/shader_preset.h"
 
 #include <gtest/gtest.h>
-#include <sys/inotify.h>
-#include <unistd.h>
 
-#include <array>
-#include <cstddef>
 #include <filesystem>
 #include <ostream>
 #include <string>
 
+#include "support/open_counter.h"
 #include "support/temporary_directory.h"
 
 namespace quindle::opengl {
@@ -17,6 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
+using quindle::testing::OpenCounter;
 using quindle::testing::TemporaryDirectory;
 
 struct PresetCase {
@@ -226,6 +224,8 @@ INSTANTIATE_TEST_SUITE_P(
         ReferenceCase{"NoName", "#reference\n#reference \"other.glslp\n", true},
         ReferenceCase{"EmptyName", "#reference \"\"\n", false},
         ReferenceCase{"Itself", "#reference \"a.glslp\"\n", false},
+        ReferenceCase{"EmptyFirstPassBehindIsOne", "#reference \"other.glslp\"\nshader0 =\n",
+                      false},
         ReferenceCase{"EmptyFirstPassIsOne", "shader0 =\n#reference \"other.glslp\"\n", false}),
     [](const auto& row) { return row.param.name; });
 
@@ -274,29 +274,6 @@ TEST(ResolveGlslpFirstPass, FollowsReferencesSixteenDeep) {
   }
 }
 
-// Counts how often a file is opened.
-class OpenCounter {
- public:
-  explicit OpenCounter(const fs::path& file) : inotify_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
-    EXPECT_GE(inotify_add_watch(inotify_, file.c_str(), IN_OPEN | IN_CLOSE), 0);
-  }
-  OpenCounter(const OpenCounter&) = delete;
-  OpenCounter& operator=(const OpenCounter&) = delete;
-  ~OpenCounter() { close(inotify_); }
-
-  // Equal events in a row are merged while unread, so closing is watched as well: open, close.
-  [[nodiscard]] int Count() const {
-    std::array<char, 4096> events{};
-    const ssize_t bytes = read(inotify_, events.data(), events.size());
-    return bytes < 0
-               ? 0
-               : static_cast<int>(static_cast<std::size_t>(bytes) / (2 * sizeof(inotify_event)));
-  }
-
- private:
-  int inotify_;
-};
-
 TEST(ResolveGlslpFirstPass, ReadsNoPresetOfACircleTwice) {
   const TemporaryDirectory root;
   const fs::path a = root.Write("a.glslp", "#reference \"p/b.glslp\"\n");
@@ -304,8 +281,8 @@ TEST(ResolveGlslpFirstPass, ReadsNoPresetOfACircleTwice) {
   const OpenCounter opened_a(a);
   const OpenCounter opened_b(b);
   EXPECT_EQ(ResolveGlslpFirstPass(a), "");
-  EXPECT_EQ(opened_a.Count(), 1);
-  EXPECT_EQ(opened_b.Count(), 1);
+  EXPECT_EQ(opened_a.Take(), 1);
+  EXPECT_EQ(opened_b.Take(), 1);
 }
 
 }  // namespace
