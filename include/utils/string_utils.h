@@ -15,11 +15,6 @@ namespace quindle::utils {
 /// UTF-8 sequences included, is unchanged; the process locale plays no part.
 QUINDLE_UTILS_EXPORT std::string ascii_to_lower(std::string_view text);
 
-/// Returns the part of `text` without leading and trailing white space (blank, tab, line feed,
-/// vertical tab, form feed, carriage return; the process locale plays no part). Empty when there is
-/// nothing else. Lifetime: the result views the characters that `text` views.
-QUINDLE_UTILS_EXPORT std::string_view trim_white_space(std::string_view text);
-
 /// Shortens `text` to at most `maxChars` bytes from the left, so that its end stays readable.
 ///
 /// Text that fits is returned as it is, valid UTF-8 or not. Otherwise the result is "..." followed

@@ -8,14 +8,13 @@
 #include <system_error>
 #include <vector>
 
+#include "utils/ascii_text.h"
 #include "utils/file_utils.h"
-#include "utils/string_utils.h"
 
 namespace quindle::opengl {
 namespace {
 
 namespace fs = std::filesystem;
-using utils::trim_white_space;
 
 constexpr std::size_t kMaxReferenceDepth = 16;
 constexpr std::string_view kFirstPassKey = "shader0";
@@ -27,10 +26,6 @@ struct PresetSources {
   std::optional<std::string_view> reference;
 };
 
-bool IsWhiteSpace(char c) {
-  return trim_white_space({&c, 1}).empty();
-}
-
 bool IsCommentMark(std::string_view text) {
   return text.starts_with('#') || text.starts_with("//");
 }
@@ -39,7 +34,7 @@ bool IsCommentMark(std::string_view text) {
 // it, as in "a#b.glsl".
 std::string_view WithoutComment(std::string_view text) {
   for (std::size_t i = 1; i < text.size(); ++i) {
-    if (IsWhiteSpace(text[i - 1]) && IsCommentMark(text.substr(i))) {
+    if (utils::is_ascii_space(text[i - 1]) && IsCommentMark(text.substr(i))) {
       return text.substr(0, i);
     }
   }
@@ -48,12 +43,12 @@ std::string_view WithoutComment(std::string_view text) {
 
 // The file name in the rest of a line: quoted (the closing quote may be missing) or bare.
 std::string_view ReadFileName(std::string_view rest) {
-  const std::string_view value = trim_white_space(rest);
+  const std::string_view value = utils::trim_space(rest);
   if (value.starts_with('"')) {
     const std::string_view quoted = value.substr(1);
     return quoted.substr(0, quoted.find('"'));
   }
-  return trim_white_space(WithoutComment(rest));
+  return utils::trim_space(WithoutComment(rest));
 }
 
 std::optional<std::string_view> ReadReference(std::string_view line) {
@@ -61,7 +56,8 @@ std::optional<std::string_view> ReadReference(std::string_view line) {
     return std::nullopt;
   }
   const std::string_view rest = line.substr(kReferenceWord.size());
-  const bool ends_word = rest.starts_with('"') || (!rest.empty() && IsWhiteSpace(rest.front()));
+  const bool ends_word =
+      rest.starts_with('"') || (!rest.empty() && utils::is_ascii_space(rest.front()));
   return ends_word ? std::optional(ReadFileName(rest)) : std::nullopt;
 }
 
@@ -69,7 +65,7 @@ std::optional<std::string_view> ReadReference(std::string_view line) {
 std::optional<std::string_view> ReadFirstPass(std::string_view line) {
   const std::size_t equals = line.find('=');
   if (equals == std::string_view::npos ||
-      trim_white_space(line.substr(0, equals)) != kFirstPassKey) {
+      utils::trim_space(line.substr(0, equals)) != kFirstPassKey) {
     return std::nullopt;
   }
   return ReadFileName(line.substr(equals + 1));
@@ -78,9 +74,7 @@ std::optional<std::string_view> ReadFirstPass(std::string_view line) {
 PresetSources FindSources(std::string_view text) {
   PresetSources sources;
   while (!text.empty() && !sources.first_pass) {
-    const std::size_t length = std::min(text.find('\n'), text.size());
-    const std::string_view line = trim_white_space(text.substr(0, length));
-    text.remove_prefix(std::min(length + 1, text.size()));
+    const std::string_view line = utils::trim_space(utils::take_line(&text));
     sources.first_pass = ReadFirstPass(line);
     if (!sources.reference) {
       sources.reference = ReadReference(line);

@@ -6,8 +6,6 @@ namespace quindle::utils {
 namespace {
 
 constexpr std::string_view kDots = "...";
-// White space as isspace knows it in the C locale; the process locale plays no part.
-constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
 // A UTF-8 character has at most so many bytes behind its first.
 constexpr std::size_t kMaxContinuationBytes = 3;
 
@@ -37,14 +35,6 @@ std::string ascii_to_lower(std::string_view text) {
   std::string lowered(text);
   std::transform(lowered.begin(), lowered.end(), lowered.begin(), AsciiLower);
   return lowered;
-}
-
-std::string_view trim_white_space(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kWhiteSpace);
-  if (first == std::string_view::npos) {
-    return {};
-  }
-  return text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
 }
 
 std::string ellipsize_left(std::string_view text, std::size_t maxChars) {

@@ -74,22 +74,6 @@ TEST(AsciiToLower, TakesAViewThatIsNotNulTerminated) {
   EXPECT_EQ(ascii_to_lower(text.substr(1, 2)), "bc");
 }
 
-TEST(TrimWhiteSpace, RemovesExactlyTheSixWhiteSpaceBytesAtBothEnds) {
-  for (int value = 0; value < 256; ++value) {
-    const char byte = static_cast<char>(value);
-    const bool is_white_space = byte == ' ' || (byte >= '\t' && byte <= '\r');
-    const std::string padded = std::string(1, byte) + "a" + std::string(1, byte);
-    EXPECT_EQ(trim_white_space(padded), is_white_space ? "a" : padded) << value;
-  }
-}
-
-TEST(TrimWhiteSpace, KeepsWhatStandsInside) {
-  EXPECT_EQ(trim_white_space(""), "");
-  EXPECT_EQ(trim_white_space(" \t\r\n"), "");
-  EXPECT_EQ(trim_white_space("a"), "a");
-  EXPECT_EQ(trim_white_space("  a \t b\r\n"), "a \t b");
-}
-
 struct EllipsisCase {
   std::string_view text;
   std::size_t limit;

@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <cstdlib>
 
-#include "frontend/gui/ascii_text.h"
+#include "utils/ascii_text.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -99,7 +99,7 @@ std::size_t ExtractionLength(std::string_view text) {
 }  // namespace
 
 std::optional<float> ExtractFloat(std::string_view* text) {
-  *text = TrimLeadingSpace(*text);
+  *text = utils::trim_leading_space(*text);
   const std::string gathered(text->substr(0, ExtractionLength(*text)));
   text->remove_prefix(gathered.size());
   const Conversion conversion = ConvertPrefix(gathered);

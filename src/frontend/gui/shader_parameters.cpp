@@ -9,10 +9,10 @@
 #include <unordered_set>
 #include <utility>
 
-#include "frontend/gui/ascii_text.h"
 #include "frontend/gui/float_text.h"
 #include "frontend/gui/shader_parameter_dialog.h"
 #include "opengl/shader_preset.h"
+#include "utils/ascii_text.h"
 #include "utils/file_utils.h"
 #include "utils/string_utils.h"
 
@@ -28,7 +28,7 @@ constexpr std::string_view kPresetExtension = ".glslp";
 using NameSet = std::unordered_set<std::string_view>;
 
 std::string_view TrimStr(std::string_view text) {
-  return TrimTrailingSpace(TrimLeadingSpace(text));
+  return utils::trim_space(text);
 }
 
 std::string ExtLower(const std::string& path) {
@@ -48,7 +48,7 @@ std::optional<std::string> ReadSource(const std::string& path) {
 
 // What follows "parameter" on a pragma line; nothing for any other line.
 std::optional<std::string_view> DeclarationOnLine(std::string_view line) {
-  line = TrimLeadingSpace(line);
+  line = utils::trim_leading_space(line);
   if (!line.starts_with(kPragma)) {
     return std::nullopt;
   }
@@ -61,8 +61,8 @@ std::optional<std::string_view> DeclarationOnLine(std::string_view line) {
 
 // Removes the name in front of *rest from it; empty when only white space is left.
 std::string_view TakeName(std::string_view* rest) {
-  *rest = TrimLeadingSpace(*rest);
-  const auto end = std::find_if(rest->begin(), rest->end(), IsAsciiSpace);
+  *rest = utils::trim_leading_space(*rest);
+  const auto end = std::find_if(rest->begin(), rest->end(), utils::is_ascii_space);
   const std::string_view name = rest->substr(0, static_cast<std::size_t>(end - rest->begin()));
   rest->remove_prefix(name.size());
   return name;
@@ -129,7 +129,7 @@ std::optional<ShaderParameterSpec> ParseDeclaration(std::string_view line) {
 
 // A line of a preset without its white space and the line end's '\r'.
 std::string_view TakePresetLine(std::string_view* rest) {
-  return TrimStr(TakeLine(rest));
+  return TrimStr(utils::take_line(rest));
 }
 
 // The list behind the '=' of a "parameters" line; nothing for any other line. What stands between
@@ -215,7 +215,7 @@ std::vector<ShaderParameterSpec> ParseShaderParameterSpecs(const std::string& pa
   }
   std::string_view rest = *contents;
   while (!rest.empty()) {
-    std::optional<ShaderParameterSpec> spec = ParseDeclaration(TakeLine(&rest));
+    std::optional<ShaderParameterSpec> spec = ParseDeclaration(utils::take_line(&rest));
     if (spec) {
       specs.push_back(std::move(*spec));
     }
