@@ -17,7 +17,7 @@ namespace quindle::frontend::gui {
 
 /// One row of a picker.
 struct PickerEntry {
-  std::string name;  ///< Last component of `path`, as the file system gives its bytes; "..".
+  std::string name;  ///< Last component of `path`, bytes as the file system gives them; or "..".
   std::filesystem::path path;  ///< The listed directory joined with `name`; for "..", its parent.
   bool is_directory = false;   ///< True for directories (links to them included) and for "..".
 };
@@ -43,8 +43,8 @@ QUINDLE_SDL_UI_EXPORT bool PickerEntryNameLess(const PickerEntry& a, const Picke
 QUINDLE_SDL_UI_EXPORT std::vector<PickerEntry> ReadFolderPickerEntries(
     const std::filesystem::path& dir);
 
-/// Lists `dir`: the row "..", then its sub-directories, then the regular files that `accept` (not
-/// null) takes by their path, each group sorted. Errors as in ReadFolderPickerEntries.
+/// Lists `dir`: the row "..", then its sub-directories, then the regular files that `accept` takes
+/// by their path (none when it is null), each group sorted. Errors as in ReadFolderPickerEntries.
 QUINDLE_SDL_UI_EXPORT std::vector<PickerEntry> ReadFilteredPickerEntries(
     const std::filesystem::path& dir, bool (*accept)(const std::filesystem::path&));
 

@@ -1,0 +1,123 @@
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "frontend/gui/sdl_pickers.h"
+#include "utils/string_utils.h"
+
+namespace quindle::frontend::gui {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kParentRowName = "..";
+
+// What one pass over a directory found, in the order in which the file system gave it.
+struct ScannedEntries {
+  std::vector<PickerEntry> directories;
+  std::vector<PickerEntry> files;
+};
+
+// The last component of a path that a directory iteration yielded. A path's filename() would build
+// a whole path object for each of what may be 100,000 rows.
+std::string NameOf(const fs::path& entry_path) {
+  const fs::path::string_type& native = entry_path.native();
+  const std::size_t separator = native.rfind(fs::path::preferred_separator);
+  return native.substr(separator == fs::path::string_type::npos ? 0 : separator + 1);
+}
+
+// The tests take the type that came with the directory and look at the file itself only for links
+// and for file systems that give no type. An entry whose status cannot be read is neither.
+void ScanEntry(const fs::directory_entry& entry, bool (*accept)(const fs::path&),
+               ScannedEntries* found) {
+  std::error_code error;
+  const fs::path& path = entry.path();
+  if (entry.is_directory(error)) {
+    found->directories.push_back(PickerEntry{NameOf(path), path, true});
+  } else if (accept != nullptr && !error && entry.is_regular_file(error) && accept(path)) {
+    found->files.push_back(PickerEntry{NameOf(path), path, false});
+  }
+}
+
+// A null `accept` takes no file. Ends at the first error of opening or advancing.
+ScannedEntries ScanDirectory(const fs::path& dir, bool (*accept)(const fs::path&)) {
+  ScannedEntries found;
+  std::error_code error;
+  fs::directory_iterator position(dir, error);
+  while (!error && position != fs::directory_iterator()) {
+    ScanEntry(*position, accept, &found);
+    position.increment(error);
+  }
+  return found;
+}
+
+// A row's place in its group beside its name in lower case, which is made once and not in every
+// comparison of the sort.
+struct SortKey {
+  std::string lowered_name;
+  std::size_t index = 0;
+};
+
+// Moves the rows of `group` behind those of `rows`, in the order of PickerEntryNameLess.
+void AppendSorted(std::vector<PickerEntry> group, std::vector<PickerEntry>* rows) {
+  std::vector<SortKey> keys;
+  keys.reserve(group.size());
+  for (const PickerEntry& entry : group) {
+    keys.push_back(SortKey{utils::ascii_to_lower(entry.name), keys.size()});
+  }
+  std::sort(keys.begin(), keys.end(),
+            [](const SortKey& a, const SortKey& b) { return a.lowered_name < b.lowered_name; });
+  for (const SortKey& key : keys) {
+    rows->push_back(std::move(group[key.index]));
+  }
+}
+
+void AppendParentRow(const fs::path& dir, std::vector<PickerEntry>* rows) {
+  fs::path parent = dir.parent_path();
+  if (!parent.empty() && parent != dir) {
+    rows->push_back(PickerEntry{std::string(kParentRowName), std::move(parent), true});
+  }
+}
+
+}  // namespace
+
+bool HasAnyExtension(const fs::path& p, std::initializer_list<const char*> extensions) {
+  const std::string extension = utils::ascii_to_lower(p.extension().string());
+  return std::any_of(extensions.begin(), extensions.end(),
+                     [&extension](const char* candidate) { return extension == candidate; });
+}
+
+bool IsAllowedImagePickerEntry(const fs::path& p) {
+  return HasAnyExtension(p, {".ima", ".img"});
+}
+
+bool IsShaderPickerEntry(const fs::path& p) {
+  return HasAnyExtension(p, {".glsl", ".glslp", ".frag", ".vert", ".fs", ".vs"});
+}
+
+bool IsFontPickerEntry(const fs::path& p) {
+  return HasAnyExtension(p, {".ttf", ".otf"});
+}
+
+bool PickerEntryNameLess(const PickerEntry& a, const PickerEntry& b) {
+  return utils::ascii_to_lower(a.name) < utils::ascii_to_lower(b.name);
+}
+
+std::vector<PickerEntry> ReadFolderPickerEntries(const fs::path& dir) {
+  return ReadFilteredPickerEntries(dir, nullptr);
+}
+
+std::vector<PickerEntry> ReadFilteredPickerEntries(const fs::path& dir,
+                                                   bool (*accept)(const fs::path&)) {
+  ScannedEntries found = ScanDirectory(dir, accept);
+  std::vector<PickerEntry> rows;
+  rows.reserve(1 + found.directories.size() + found.files.size());
+  AppendParentRow(dir, &rows);
+  AppendSorted(std::move(found.directories), &rows);
+  AppendSorted(std::move(found.files), &rows);
+  return rows;
+}
+
+}  // namespace quindle::frontend::gui
