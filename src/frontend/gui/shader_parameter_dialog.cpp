@@ -82,9 +82,9 @@ long long ListHeight(const ShaderDialogGeometry& geometry, int count) {
   return static_cast<long long>(count) * geometry.row_height + geometry.list_top;
 }
 
-// Distance that the thumb can travel, at least 1.
-int ThumbTravel(const ShaderDialogLayout& layout) {
-  return std::max(layout.view_h - layout.scroll_thumb.h, 1);
+// Distance that a thumb of `thumb_h` pixels can travel, at least 1.
+float ThumbTravel(const ShaderDialogLayout& layout, int thumb_h) {
+  return static_cast<float>(std::max(layout.view_h - thumb_h, 1));
 }
 
 SDL_Rect ThumbRect(const ShaderDialogLayout& layout, long long list_height, int scroll) {
@@ -94,9 +94,8 @@ SDL_Rect ThumbRect(const ShaderDialogLayout& layout, long long list_height, int 
   }
   const long long view_h = layout.view_h;
   thumb.h = ClampToInt(std::max<long long>(view_h * view_h / list_height, kMinThumbHeight));
-  const int travel = std::max(layout.view_h - thumb.h, 1);
   const float fraction = static_cast<float>(scroll) / static_cast<float>(layout.max_scroll);
-  thumb.y = layout.view_top + TruncToInt(fraction * static_cast<float>(travel));
+  thumb.y = layout.view_top + TruncToInt(fraction * ThumbTravel(layout, thumb.h));
   return thumb;
 }
 
@@ -214,7 +213,7 @@ void HandlePress(int x, int y, const ShaderDialogLayout& layout, ShaderDialogSes
 
 void DragScrollbarTo(int y, const ShaderDialogLayout& layout, ShaderDialogSession* session) {
   const float moved = static_cast<float>(static_cast<long long>(y) - session->drag_start_y);
-  const float fraction = moved / static_cast<float>(ThumbTravel(layout));
+  const float fraction = moved / ThumbTravel(layout, layout.scroll_thumb.h);
   const long long distance = TruncToInt(fraction * static_cast<float>(layout.max_scroll));
   ScrollTo(layout, session->drag_start_scroll + distance, session);
 }
