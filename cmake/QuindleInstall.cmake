@@ -27,6 +27,7 @@ install(FILES "${PROJECT_BINARY_DIR}/quindle_sdl_uiConfig.cmake"
 # pkg-config resolves ${pcfiledir}, so a moved tree keeps working.
 file(RELATIVE_PATH quindle_pc_prefix
      "/p/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/p")
+string(REGEX REPLACE "/$" "" quindle_pc_prefix "${quindle_pc_prefix}")
 configure_file(cmake/quindle_sdl_ui.pc.in "${PROJECT_BINARY_DIR}/quindle_sdl_ui.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/quindle_sdl_ui.pc"
         DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")

@@ -31,12 +31,12 @@ class QUINDLE_SDL_UI_EXPORT SdlMessageBox {
   /// One button of the row.
   struct Button {
     int id = 0;              ///< What Show returns when this button is chosen.
-    std::string label;       ///< Caption, UTF-8.
+    std::string label{};     ///< Caption, UTF-8.
     bool isDefault = false;  ///< Carried for the host; neither drawn nor bound to a key.
     bool isCancel = false;   ///< Chosen by Escape; the first such button counts.
     /// Called when the button is chosen, while the box is still open; may be empty. May throw: the
     /// exception leaves Show, which releases what it made. May open another dialog.
-    std::function<void()> onClick;
+    std::function<void()> onClick{};
   };
 
   /// What the box shows. A default-made record is valid.
