@@ -1,0 +1,157 @@
+#pragma once
+
+/// The settings dialog: a list of pages on the left, the selected page's options on the right,
+/// "Cancel" and "Apply" below, on a canvas of 820 x 492 pixels. Call from the thread that owns SDL
+/// video.
+
+#include <SDL.h>
+#include <SDL_ttf.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "frontend/gui/export.h"
+#include "frontend/gui/sdl_modal_runtime.h"
+#include "frontend/gui/settings_widgets.h"
+
+namespace quindle::frontend::gui {
+
+/// The settings that the dialog shows and edits. The dialog checks none of them: a value that no
+/// control offers is shown as well as can be and stays until the user changes it.
+struct SettingsDialogValues {
+  int target_fps = 0;                      ///< Display refresh rate; offered are 25, 30, 50, 60.
+  std::string font_mode = "pixel";         ///< "pixel", "ttf", "ttf-hires" or "ttf-custom".
+  std::string renderer_mode = "hardware";  ///< "hardware" or "software".
+  double cpu_mhz = 30.0;                   ///< Emulated CPU clock in MHz; shown only.
+  double mouse_capture_gain = 1.0;         ///< Relative mouse gain; the slider gives 0.25 .. 3.0.
+  bool allow_mouse_capture_in_text_mode = false;  ///< Capture while the guest is in text mode.
+  bool hdd_sounds_enabled = false;                ///< Simulated hard-disk sounds.
+  double hdd_sounds_volume = 0.5;                 ///< Fraction, 1.0 shown as 100%.
+  std::string custom_font_path;  ///< Font file for "ttf-custom"; empty: none chosen yet.
+  bool screenshot_capture_with_opengl_shaders = false;  ///< Captures pass the active shader.
+  /// Capture size: 0 original resolution, 1 resolution of the emulator's viewport.
+  int screenshot_capture_size_mode = 1;
+};
+
+/// One row of the list on the left.
+struct NavItem {
+  int kind = 0;       ///< 0 section heading, 1 selectable item.
+  std::string label;  ///< Text of the row, UTF-8.
+  int panel_id = -1;  ///< Number of the options page; -1 for headings.
+};
+
+/// The rectangles of the two buttons, in window pixels.
+struct SettingsDialogButtons {
+  SDL_Rect cancel{0, 0, 0, 0};  ///< "Cancel".
+  SDL_Rect apply{0, 0, 0, 0};   ///< "Apply".
+};
+
+/// What the dialog's loop works on.
+struct SettingsDialogSession {
+  /// The dialog's window. Lifetime: owned by the ModalWindowBundle it was made with.
+  SDL_Window* window = nullptr;
+  /// The window's renderer. Lifetime: as `window`.
+  SDL_Renderer* renderer = nullptr;
+  OwnedTtfFont bold_font;     ///< Headings and titles, 15 points; without it they are missing.
+  OwnedTtfFont regular_font;  ///< All other text, 15 points; without it that is missing.
+  /// Rows of the list. Lifetime: borrowed; must outlive the loop.
+  const std::vector<NavItem>* nav_items = nullptr;
+  SDL_Rect cancel_button{0, 0, 0, 0};  ///< Closes the dialog.
+  SDL_Rect apply_button{0, 0, 0, 0};   ///< Hands `values` to the host.
+  SettingsDialogValues values;         ///< The working copy.
+  int panel_id = -1;                   ///< The selected page; -1 for none.
+  bool shown = false;                  ///< Set once the first frame has been presented.
+};
+
+/// What a page gets in each frame.
+struct RightPanelContext {
+  SDL_Renderer* renderer = nullptr;  ///< Borrowed.
+  TTF_Font* bold_font = nullptr;     ///< Borrowed; may be null.
+  TTF_Font* regular_font = nullptr;  ///< Borrowed; may be null.
+  int panel_id = -1;                 ///< The selected page; negative for none.
+  int mouse_x = -1;                  ///< Pointer in window pixels; -1 while it is elsewhere.
+  int mouse_y = -1;                  ///< Pointer in window pixels; -1 while it is elsewhere.
+  bool clicked = false;              ///< The left button was pressed in the right area this frame.
+  bool mouse_down = false;           ///< The left button is held in the right area.
+  /// The working values, read only. Borrowed; without them no page is drawn.
+  const SettingsDialogValues* values = nullptr;
+};
+
+/// What a page reports in each frame; at most one change.
+struct RightPanelHitResult {
+  bool changed = false;  ///< A control asks for the change that the next fields name.
+  std::string key;       ///< Configuration key of the change.
+  std::string text;      ///< New value of a text or integer setting, and of "hdd_sounds_enabled".
+  double number = 0.0;   ///< New value of a slider.
+  bool flag = false;     ///< New value of a checkbox.
+  bool browse_font = false;  ///< The user asks for the font picker.
+};
+
+/// Shows the settings dialog over `parent` (may be null) and blocks until the user closes it.
+///
+/// `initial` is copied. Each press of "Apply" calls `apply` (may be empty) with the values as they
+/// stand and leaves the dialog open; closing calls nothing, so later changes are dropped. `apply`
+/// may open another dialog, and may throw: the exception leaves this function, which releases what
+/// it made. `scale` is accepted and not applied. Returns at once when no window could be made, and
+/// after a message to the user when no font could be opened.
+QUINDLE_SDL_UI_EXPORT void ShowSettingsDialog(
+    SDL_Window* parent, float scale, const SettingsDialogValues& initial,
+    std::function<void(const SettingsDialogValues&)> apply);
+
+/// Runs the dialog in a window that is there already, which is shown after the first frame, until
+/// the user closes it. Returns at once when `session` or its window, renderer or list is null.
+/// `apply` as with ShowSettingsDialog.
+QUINDLE_SDL_UI_EXPORT void RunSettingsDialogLoop(
+    SettingsDialogSession* session, const std::function<void(const SettingsDialogValues&)>& apply);
+
+/// Returns the rows of the list: five headings and eight items.
+QUINDLE_SDL_UI_EXPORT std::vector<NavItem> BuildSettingsNavItems();
+/// Returns the page of the first selectable item, or -1 when there is none.
+QUINDLE_SDL_UI_EXPORT int FindInitialSettingsPanel(const std::vector<NavItem>& nav_items);
+/// Returns where the two buttons stand.
+QUINDLE_SDL_UI_EXPORT SettingsDialogButtons BuildSettingsDialogButtons();
+
+/// Draws the list, 224 pixels wide, with a row of 30 pixels for each item, and the line to its
+/// right. (`mouse_x`, `mouse_y`) is the pointer in window pixels. The handles are borrowed; without
+/// a font its texts are missing.
+QUINDLE_SDL_UI_EXPORT void DrawLeftPanel(SDL_Renderer* renderer, TTF_Font* bold_font,
+                                         TTF_Font* regular_font,
+                                         const std::vector<NavItem>& nav_items,
+                                         int selected_panel_id, int mouse_x, int mouse_y);
+/// Draws a page's title at (`x`, `y`) and, when it is not empty, its subtitle below. Returns the y
+/// at which the page's content starts.
+QUINDLE_SDL_UI_EXPORT int DrawPanelHeader(SDL_Renderer* renderer, TTF_Font* bold_font,
+                                          TTF_Font* regular_font, int x, int y,
+                                          const std::string& title, const std::string& subtitle);
+/// Draws the strip with the two buttons, of which the one under the pointer is highlighted.
+QUINDLE_SDL_UI_EXPORT void DrawBottomBar(SDL_Renderer* renderer, TTF_Font* regular_font,
+                                         const SDL_Rect& cancel, const SDL_Rect& apply, int mouse_x,
+                                         int mouse_y);
+/// Draws the selected page, or a line of text when there is none, and returns what the user did
+/// there.
+QUINDLE_SDL_UI_EXPORT RightPanelHitResult DrawRightPanel(const RightPanelContext& ctx);
+
+/// Draws the page "Font Mode" (0), "Target FPS" (1), "Renderer" (2) or "Screenshots" (7) and writes
+/// what the user did to `hit`. Returns false and draws nothing when another page is selected or
+/// `hit` is null.
+QUINDLE_SDL_UI_EXPORT bool DrawSettingsDisplayPanel(const RightPanelContext& ctx,
+                                                    RightPanelHitResult* hit);
+/// Draws the page "CPU Speed" (3), "Logger Options" (4), "HDD Sounds" (5) or "Mouse Capture" (6);
+/// otherwise as DrawSettingsDisplayPanel.
+QUINDLE_SDL_UI_EXPORT bool DrawSettingsRuntimePanel(const RightPanelContext& ctx,
+                                                    RightPanelHitResult* hit);
+
+/// Writes a reported change to `values`; does nothing when that is null, nothing changed or the key
+/// is unknown. Throws std::invalid_argument or std::out_of_range, and changes nothing, when an
+/// integer setting's text holds no int; blanks before the number and text behind it are ignored.
+QUINDLE_SDL_UI_EXPORT void ApplySettingsHit(SettingsDialogValues* values,
+                                            const RightPanelHitResult& hit);
+/// Runs the font picker over `dialog_window` when the hit asks for it and `values` is not null. It
+/// starts in the folder of the present custom font. A chosen file becomes the custom font, and
+/// "ttf-custom" the font mode; a cancelled picker changes nothing.
+QUINDLE_SDL_UI_EXPORT void HandleSettingsFontPickerHit(SettingsDialogValues* values,
+                                                       SDL_Window* dialog_window,
+                                                       const RightPanelHitResult& hit);
+
+}  // namespace quindle::frontend::gui
