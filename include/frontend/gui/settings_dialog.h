@@ -88,68 +88,110 @@ struct RightPanelHitResult {
   bool browse_font = false;  ///< The user asks for the font picker.
 };
 
-/// Shows the settings dialog over `parent` (may be null) and blocks until the user closes it.
-///
-/// `initial` is copied. Each press of "Apply" calls `apply` (may be empty) with the values as they
-/// stand and leaves the dialog open; closing calls nothing, so later changes are dropped. `apply`
-/// may open another dialog, and may throw: the exception leaves this function, which releases what
-/// it made. `scale` is accepted and not applied. Returns at once when no window could be made, and
-/// after a message to the user when no font could be opened.
+/// Shows the settings dialog and blocks until the user closes it. Each press of "Apply" hands the
+/// values over as they stand and leaves the dialog open; closing it hands over nothing, so that
+/// what was changed since is dropped. Returns at once when no window could be made, and after a
+/// message to the user when no font could be opened.
+/// @param parent the window to be modal for; may be null
+/// @param scale accepted and not applied
+/// @param initial the values to start with; copied
+/// @param apply called with the values at each "Apply"; may be empty. It may open another dialog,
+///              and may throw: the exception leaves this function, which releases what it made.
 QUINDLE_SDL_UI_EXPORT void ShowSettingsDialog(
     SDL_Window* parent, float scale, const SettingsDialogValues& initial,
     std::function<void(const SettingsDialogValues&)> apply);
 
 /// Runs the dialog in a window that is there already, which is shown after the first frame, until
-/// the user closes it. Returns at once when `session` or its window, renderer or list is null.
-/// `apply` as with ShowSettingsDialog.
+/// the user closes it.
+/// @param session what to work on; nothing happens when it or its window, renderer or list is null
+/// @param apply as with ShowSettingsDialog
 QUINDLE_SDL_UI_EXPORT void RunSettingsDialogLoop(
     SettingsDialogSession* session, const std::function<void(const SettingsDialogValues&)>& apply);
 
-/// Returns the rows of the list: five headings and eight items.
+/// Lists the rows on the left: five headings and eight items.
+/// @return the rows from top to bottom
 QUINDLE_SDL_UI_EXPORT std::vector<NavItem> BuildSettingsNavItems();
-/// Returns the page of the first selectable item, or -1 when there is none.
+
+/// Finds the page that is shown first.
+/// @param nav_items the rows on the left
+/// @return the page of the first selectable item; -1 when there is none
 QUINDLE_SDL_UI_EXPORT int FindInitialSettingsPanel(const std::vector<NavItem>& nav_items);
-/// Returns where the two buttons stand.
+
+/// Tells where the two buttons stand.
+/// @return their rectangles, in window pixels
 QUINDLE_SDL_UI_EXPORT SettingsDialogButtons BuildSettingsDialogButtons();
 
-/// Draws the list, 224 pixels wide, with a row of 30 pixels for each item, and the line to its
-/// right. (`mouse_x`, `mouse_y`) is the pointer in window pixels. The handles are borrowed; without
-/// a font its texts are missing.
+/// Draws the list, 224 pixels wide with a row of 30 pixels for each item, and the line to its
+/// right.
+/// @param renderer the target; borrowed
+/// @param bold_font font of the headings; borrowed; null leaves them out
+/// @param regular_font font of the items; borrowed; null leaves them out
+/// @param nav_items the rows from top to bottom
+/// @param selected_panel_id the items of this page show as selected
+/// @param mouse_x pointer in window pixels; -1 while it is elsewhere
+/// @param mouse_y pointer in window pixels; -1 while it is elsewhere
 QUINDLE_SDL_UI_EXPORT void DrawLeftPanel(SDL_Renderer* renderer, TTF_Font* bold_font,
                                          TTF_Font* regular_font,
                                          const std::vector<NavItem>& nav_items,
                                          int selected_panel_id, int mouse_x, int mouse_y);
-/// Draws a page's title at (`x`, `y`) and, when it is not empty, its subtitle below. Returns the y
-/// at which the page's content starts.
+
+/// Draws the head of a page: its title and below that its subtitle.
+/// @param renderer the target; borrowed
+/// @param bold_font font of the title; borrowed; null leaves it out
+/// @param regular_font font of the subtitle; borrowed; null leaves it out
+/// @param x left edge of both
+/// @param y top of the title
+/// @param title UTF-8
+/// @param subtitle UTF-8; empty when the page has none
+/// @return the y at which the page's content starts
 QUINDLE_SDL_UI_EXPORT int DrawPanelHeader(SDL_Renderer* renderer, TTF_Font* bold_font,
                                           TTF_Font* regular_font, int x, int y,
                                           const std::string& title, const std::string& subtitle);
-/// Draws the strip with the two buttons, of which the one under the pointer is highlighted.
+
+/// Draws the strip with the two buttons; the one under the pointer is highlighted.
+/// @param renderer the target; borrowed
+/// @param regular_font font of the captions; borrowed; null leaves them out
+/// @param cancel rectangle of "Cancel"
+/// @param apply rectangle of "Apply"
+/// @param mouse_x pointer in window pixels; -1 while it is elsewhere
+/// @param mouse_y pointer in window pixels; -1 while it is elsewhere
 QUINDLE_SDL_UI_EXPORT void DrawBottomBar(SDL_Renderer* renderer, TTF_Font* regular_font,
                                          const SDL_Rect& cancel, const SDL_Rect& apply, int mouse_x,
                                          int mouse_y);
-/// Draws the selected page, or a line of text when there is none, and returns what the user did
-/// there.
+
+/// Draws the selected page, or a line of text when there is none.
+/// @param ctx what the page needs
+/// @return what the user did on the page
 QUINDLE_SDL_UI_EXPORT RightPanelHitResult DrawRightPanel(const RightPanelContext& ctx);
 
-/// Draws the page "Font Mode" (0), "Target FPS" (1), "Renderer" (2) or "Screenshots" (7) and writes
-/// what the user did to `hit`. Returns false and draws nothing when another page is selected or
-/// `hit` is null.
+/// Draws the page "Font Mode" (0), "Target FPS" (1), "Renderer" (2) or "Screenshots" (7).
+/// @param ctx what the page needs
+/// @param hit receives what the user did there; may be null
+/// @return false, and nothing drawn, when another page is selected or `hit` is null
 QUINDLE_SDL_UI_EXPORT bool DrawSettingsDisplayPanel(const RightPanelContext& ctx,
                                                     RightPanelHitResult* hit);
-/// Draws the page "CPU Speed" (3), "Logger Options" (4), "HDD Sounds" (5) or "Mouse Capture" (6);
-/// otherwise as DrawSettingsDisplayPanel.
+
+/// Draws the page "CPU Speed" (3), "Logger Options" (4), "HDD Sounds" (5) or "Mouse Capture" (6).
+/// @param ctx what the page needs
+/// @param hit receives what the user did there; may be null
+/// @return false, and nothing drawn, when another page is selected or `hit` is null
 QUINDLE_SDL_UI_EXPORT bool DrawSettingsRuntimePanel(const RightPanelContext& ctx,
                                                     RightPanelHitResult* hit);
 
-/// Writes a reported change to `values`; does nothing when that is null, nothing changed or the key
-/// is unknown. Throws std::invalid_argument or std::out_of_range, and changes nothing, when an
-/// integer setting's text holds no int; blanks before the number and text behind it are ignored.
+/// Makes a reported change. An unknown key changes nothing. Throws std::invalid_argument or
+/// std::out_of_range, and changes nothing, when the text for an integer setting holds no int;
+/// blanks before the number and text behind it are ignored.
+/// @param values what to change; may be null
+/// @param hit what a page reported
 QUINDLE_SDL_UI_EXPORT void ApplySettingsHit(SettingsDialogValues* values,
                                             const RightPanelHitResult& hit);
-/// Runs the font picker over `dialog_window` when the hit asks for it and `values` is not null. It
-/// starts in the folder of the present custom font. A chosen file becomes the custom font, and
-/// "ttf-custom" the font mode; a cancelled picker changes nothing.
+
+/// Runs the font picker when a page asks for it, first in the folder of the present custom font. A
+/// chosen file becomes the custom font and "ttf-custom" the font mode; a cancelled picker changes
+/// nothing.
+/// @param values what to change; may be null
+/// @param dialog_window the window that the picker is modal for; may be null
+/// @param hit what a page reported
 QUINDLE_SDL_UI_EXPORT void HandleSettingsFontPickerHit(SettingsDialogValues* values,
                                                        SDL_Window* dialog_window,
                                                        const RightPanelHitResult& hit);

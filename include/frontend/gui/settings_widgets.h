@@ -22,54 +22,109 @@ struct RadioOption {
   std::string value;  ///< What the choice stands for; compared byte by byte with the selected one.
 };
 
-/// Draws one line of `text` with its top-left corner at (`x`, `y`). Nothing is drawn when
-/// `renderer` or `font` is null or `text` is empty.
+/// Draws one line of text. Nothing is drawn when the renderer or the font is null or the text
+/// empty.
+/// @param renderer the target; borrowed
+/// @param font borrowed; may be null
+/// @param text UTF-8
+/// @param x left edge of the text
+/// @param y top of the text
+/// @param colour colour of the text
 QUINDLE_SDL_UI_EXPORT void DrawText(SDL_Renderer* renderer, TTF_Font* font, const std::string& text,
                                     int x, int y, SDL_Color colour);
 
-/// Returns the line height of `font` in pixels, or `fallback` when it is null.
+/// Tells how high a line of text is.
+/// @param font borrowed; may be null
+/// @param fallback the answer for a null font
+/// @return the line height in pixels
 QUINDLE_SDL_UI_EXPORT int FontHeightOr(TTF_Font* font, int fallback);
 
-/// True when (`x`, `y`) lies in `r`; left and top edges inside, right and bottom edges outside.
+/// Tells whether a point lies in a rectangle; left and top edges inside, right and bottom outside.
+/// @param x the point's column
+/// @param y the point's row
+/// @param r the rectangle
+/// @return true when it does
 QUINDLE_SDL_UI_EXPORT bool IsInRect(int x, int y, const SDL_Rect& r);
 
-/// Draws a push button with its caption centred in `rect`. A caption that cannot be rendered is
-/// left out.
+/// Draws a push button with its caption in the middle.
+/// @param renderer the target; borrowed
+/// @param font borrowed; may be null
+/// @param rect the button
+/// @param caption UTF-8; left out when it cannot be rendered
+/// @param hovered whether to highlight the button
 QUINDLE_SDL_UI_EXPORT void DrawButton(SDL_Renderer* renderer, TTF_Font* font, const SDL_Rect& rect,
                                       const std::string& caption, bool hovered);
 
-/// Draws a radio group, one row of 34 pixels per option, downwards from (`x`, `y`). Every option
-/// whose value is `selected_value` shows as selected. `hovered_index` is the row to highlight, -1
-/// for none.
+/// Draws a radio group, one row of 34 pixels per option.
+/// @param renderer the target; borrowed
+/// @param font borrowed; may be null
+/// @param x left edge of the circles
+/// @param y top of the first row
+/// @param options the rows from top to bottom
+/// @param selected_value every option with this value shows as selected
+/// @param hovered_index the row to highlight; -1 for none
 QUINDLE_SDL_UI_EXPORT void DrawRadioGroup(SDL_Renderer* renderer, TTF_Font* font, int x, int y,
                                           const std::vector<RadioOption>& options,
                                           const std::string& selected_value, int hovered_index);
 
-/// Returns the row of a group of `count` options at (`x`, `y`) that is under the mouse, or -1. The
-/// rows reach from `x` to column 807, the right edge of the content area, whatever `x` is.
+/// Finds the row of a radio group that is under the mouse. Rows end at column 807, the right edge
+/// of the content area, wherever the group starts.
+/// @param mouse_x the pointer's column
+/// @param mouse_y the pointer's row
+/// @param x left edge of the group
+/// @param y top of its first row
+/// @param count number of rows
+/// @return the row, from 0, or -1 when there is none
 QUINDLE_SDL_UI_EXPORT int HitTestRadioGroup(int mouse_x, int mouse_y, int x, int y, int count);
 
-/// Draws a checkbox with its top-left corner at (`x`, `y`) and its label. Returns whether the mouse
-/// is over its row (583 pixels wide), which is then highlighted.
+/// Draws a checkbox with its label. The row under the mouse, 583 pixels wide, is highlighted.
+/// @param renderer the target; borrowed
+/// @param font borrowed; may be null
+/// @param x left edge of the box
+/// @param y top of the box
+/// @param checked whether the box is filled
+/// @param label UTF-8
+/// @param mouse_x the pointer's column
+/// @param mouse_y the pointer's row
+/// @return whether the mouse is over the row
 QUINDLE_SDL_UI_EXPORT bool DrawCheckbox(SDL_Renderer* renderer, TTF_Font* font, int x, int y,
                                         bool checked, const std::string& label, int mouse_x,
                                         int mouse_y);
 
-/// Draws a slider for a fraction; its track starts at `x` and is `width` pixels wide. The bar shows
-/// `value` limited to 0 .. 1, the label the value itself as a whole percentage.
-///
-/// Returns whether the slider is pressed: `mouse_down` (the left button's state) with the mouse
-/// over the track or at most 8 pixels beside it. Then `*out_value` receives the fraction under the
-/// mouse, 0 .. 1, unrounded. `out_value` may be null; it is written only when the slider is
-/// pressed.
+/// Draws a slider for a fraction. It is pressed while the button is held with the mouse over the
+/// track or at most 8 pixels beside it.
+/// @param renderer the target; borrowed
+/// @param font borrowed; may be null
+/// @param x left end of the track
+/// @param y top of the slider; the track runs 8 pixels below
+/// @param width length of the track
+/// @param value the label shows it as a whole percentage, the bar limited to 0 .. 1
+/// @param mouse_x the pointer's column
+/// @param mouse_y the pointer's row
+/// @param mouse_down whether the left button is held
+/// @param out_value receives the fraction under the mouse, 0 .. 1 and unrounded, when the slider is
+///                  pressed; may be null
+/// @return whether the slider is pressed
 QUINDLE_SDL_UI_EXPORT bool DrawSlider(SDL_Renderer* renderer, TTF_Font* font, int x, int y,
                                       int width, double value, int mouse_x, int mouse_y,
                                       bool mouse_down, double* out_value);
 
-/// Draws a slider for a value between `min_value` and `max_value`, which may come in either order.
-/// Bar and label show `value` limited to that range, the label with two decimals and `suffix`
-/// (UTF-8; null for none). Pressing works as with DrawSlider; `*out_value` receives the value under
-/// the mouse, within the range, unrounded.
+/// Draws a slider for a value of a range. It is pressed as that of DrawSlider is.
+/// @param renderer the target; borrowed
+/// @param font borrowed; may be null
+/// @param x left end of the track
+/// @param y top of the slider; the track runs 8 pixels below
+/// @param width length of the track
+/// @param value bar and label show it limited to the range, the label with two decimals
+/// @param min_value one end of the range
+/// @param max_value the other end; the two may come in either order
+/// @param mouse_x the pointer's column
+/// @param mouse_y the pointer's row
+/// @param mouse_down whether the left button is held
+/// @param out_value receives the value under the mouse, within the range and unrounded, when the
+///                  slider is pressed; may be null
+/// @param suffix UTF-8, put behind the number in the label; may be null
+/// @return whether the slider is pressed
 QUINDLE_SDL_UI_EXPORT bool DrawRangeSlider(SDL_Renderer* renderer, TTF_Font* font, int x, int y,
                                            int width, double value, double min_value,
                                            double max_value, int mouse_x, int mouse_y,

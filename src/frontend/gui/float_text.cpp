@@ -118,9 +118,9 @@ std::optional<float> ParseFloatPrefix(const std::string& text) {
   return conversion.value;
 }
 
-std::string FormatFixed(float value, int decimals) {
-  // The greatest float has 39 digits before the point.
-  std::array<char, 64> buffer{};
+std::string FormatFixed(double value, int decimals) {
+  // The greatest double has 309 digits before the point.
+  std::array<char, 384> buffer{};
   const std::to_chars_result result = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
                                                     value, std::chars_format::fixed, decimals);
   return {buffer.data(), result.ptr};

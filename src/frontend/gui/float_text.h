@@ -18,7 +18,7 @@ std::optional<float> ExtractFloat(std::string_view* text);
 // ignored. Empty where stof would throw: no number, or out of range (underflow included).
 std::optional<float> ParseFloatPrefix(const std::string& text);
 
-// The value in fixed-point form; inf and nan in words.
-std::string FormatFixed(float value, int decimals);
+// The value in fixed-point form with at most 64 decimals; inf and nan in words.
+std::string FormatFixed(double value, int decimals);
 
 }  // namespace quindle::frontend::gui

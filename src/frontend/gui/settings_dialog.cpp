@@ -218,7 +218,6 @@ SettingsDialogSession BuildSettingsSession(SettingsDialogHandles* handles,
 }  // namespace
 
 void ShowSettingsDialog(SDL_Window* parent, float /*scale*/, const SettingsDialogValues& initial,
-                        // By value as the interface has it; the loop borrows it.
                         std::function<void(const SettingsDialogValues&)> apply) {
   std::optional<SettingsDialogHandles> opened = OpenSettingsDialog(parent);
   if (!opened) {
@@ -229,7 +228,8 @@ void ShowSettingsDialog(SDL_Window* parent, float /*scale*/, const SettingsDialo
   SettingsDialogHandles handles = std::move(*opened);
   const std::vector<NavItem> nav_items = BuildSettingsNavItems();
   SettingsDialogSession session = BuildSettingsSession(&handles, nav_items, initial);
-  RunSettingsDialogLoop(&session, apply);
+  const ApplyCallback callback = std::move(apply);
+  RunSettingsDialogLoop(&session, callback);
 }
 
 void RunSettingsDialogLoop(SettingsDialogSession* session,

@@ -1,7 +1,7 @@
 #include <array>
 
+#include "frontend/gui/float_text.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
-#include "frontend/gui/settings_format.h"
 #include "frontend/gui/settings_page.h"
 
 namespace quindle::frontend::gui {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "frontend/gui/float_text.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
-#include "frontend/gui/settings_format.h"
 
 namespace quindle::frontend::gui {
 namespace {
