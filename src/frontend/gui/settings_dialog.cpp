@@ -9,6 +9,7 @@
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_pickers.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
+#include "frontend/gui/settings_page.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -33,7 +34,6 @@ constexpr SDL_Rect kRightArea{kListWidth + 1, 0, kCanvasWidth - kListWidth - 1, 
 constexpr int kFontSize = 15;
 constexpr int kMissingTitleHeight = 17;
 constexpr int kMissingFontHeight = 16;
-constexpr int kContentX = 247;
 
 constexpr int kNavHeading = 0;
 constexpr int kNavItem = 1;
@@ -316,9 +316,9 @@ RightPanelHitResult DrawRightPanel(const RightPanelContext& ctx) {
   RightPanelHitResult hit;
   if (ctx.panel_id < 0) {
     DrawText(ctx.renderer, ctx.regular_font, "Select an item on the left to see options.",
-             kContentX, 80, kColTextDim);
+             kSettingsContentX, 80, kColTextDim);
   } else if (!DrawSettingsDisplayPanel(ctx, &hit) && !DrawSettingsRuntimePanel(ctx, &hit)) {
-    DrawText(ctx.renderer, ctx.regular_font, "No options for this item.", kContentX, 60,
+    DrawText(ctx.renderer, ctx.regular_font, "No options for this item.", kSettingsContentX, 60,
              kColTextDim);
   }
   return hit;

@@ -26,6 +26,8 @@ constexpr int kContentRight = 807;  // Last column of the content area.
 constexpr int kRadioRowHeight = 34;
 constexpr int kRadioCentreY = 17;
 constexpr int kRadioRadius = 8;
+constexpr int kRadioHole = 6;
+constexpr int kRadioDot = 4;
 constexpr int kCheckboxSize = 16;
 constexpr int kSliderTrackTop = 5;
 constexpr int kSliderTrackHeight = 6;
@@ -58,9 +60,9 @@ void DrawRadioRow(SDL_Renderer* renderer, TTF_Font* font, int x, int top, const 
   }
   const int centre_x = x + kRadioRadius;
   const int centre_y = top + kRadioCentreY;
-  DrawRing(renderer, centre_x, centre_y, kRadioRadius, 6, kFrame);
+  DrawRing(renderer, centre_x, centre_y, kRadioRadius, kRadioHole, kFrame);
   if (selected) {
-    DrawDisc(renderer, centre_x, centre_y, 4, kAccent);
+    DrawDisc(renderer, centre_x, centre_y, kRadioDot, kAccent);
   }
   DrawText(renderer, font, option.label, x + kLabelIndent,
            centre_y - FontHeightOr(font, kMissingFontHeight) / 2,
