@@ -1,6 +1,7 @@
 // The hand at the keyboard: presses Escape in the third frame of whatever dialog is open. Calls the
-// companion libraries as well, so that the program needs all three.
+// companion libraries and SDL_ttf as well, so that the program needs all that the package brings.
 #include <SDL.h>
+#include <SDL_ttf.h>
 
 #include <cstdlib>
 
@@ -22,10 +23,10 @@ void PressEscape() {
 }
 
 const bool kInstalled = [] {
-  const bool companions_answer =
-      quindle::utils::filename_from_path("a:\\dos\\disk.img") == "disk.img" &&
-      quindle::opengl::ResolveGlslpFirstPass("missing.glslp").empty();
-  if (!companions_answer) {
+  const bool all_answer = quindle::utils::filename_from_path("a:\\dos\\disk.img") == "disk.img" &&
+                          quindle::opengl::ResolveGlslpFirstPass("missing.glslp").empty() &&
+                          TTF_Linked_Version() != nullptr;
+  if (!all_answer) {
     std::abort();
   }
   quindle::frontend::gui::SetModalDialogHeartbeat(PressEscape);
