@@ -1,0 +1,20 @@
+#include "command_table.h"
+
+// One line for each dialog: X(Name) stands for MakeNameCommand(). See demo_command.h.
+#define QUINDLE_DEMO_COMMANDS(X) X(Message)
+
+namespace quindle::demo {
+
+#define QUINDLE_DECLARE_COMMAND(name) std::unique_ptr<DemoCommand> Make##name##Command();
+QUINDLE_DEMO_COMMANDS(QUINDLE_DECLARE_COMMAND)
+#undef QUINDLE_DECLARE_COMMAND
+
+DemoCommands MakeDemoCommands() {
+  DemoCommands commands;
+#define QUINDLE_ADD_COMMAND(name) commands.push_back(Make##name##Command());
+  QUINDLE_DEMO_COMMANDS(QUINDLE_ADD_COMMAND)
+#undef QUINDLE_ADD_COMMAND
+  return commands;
+}
+
+}  // namespace quindle::demo

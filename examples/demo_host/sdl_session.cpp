@@ -1,0 +1,84 @@
+#include "sdl_session.h"
+
+#include <SDL.h>
+#include <SDL_ttf.h>
+
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "frontend/gui/sdl_modal_runtime.h"
+#include "frontend/gui/sdl_ui_font_cache.h"
+
+namespace quindle::demo {
+namespace {
+
+using frontend::gui::OpenSdlUiFontHandle;
+using frontend::gui::SdlUiFontKind;
+
+void ShutDown() {
+  frontend::gui::SetModalDialogHeartbeat({});
+  frontend::gui::ShutdownSdlUiCachedFonts();
+  while (TTF_WasInit() != 0) {
+    TTF_Quit();
+  }
+  SDL_Quit();
+}
+
+void ChooseDrivers(VideoChoice video) {
+  // Otherwise the software renderer presents through OpenGL, which costs some 90 MB.
+  SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+  if (video == VideoChoice::Memory) {
+    SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "dummy", SDL_HINT_OVERRIDE);
+    SDL_SetHintWithPriority(SDL_HINT_RENDER_DRIVER, "software", SDL_HINT_OVERRIDE);
+    return;
+  }
+#if defined(__linux__)
+  // There is no Wayland display without this folder, and looking for one prints a line of its own.
+  if (std::getenv("XDG_RUNTIME_DIR") == nullptr) {
+    SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "x11", SDL_HINT_DEFAULT);
+  }
+#endif
+}
+
+// SDL falls back to this driver by itself where there is no display, and then shows nothing.
+bool FellBackToNoDisplay() {
+  const char* asked_for = SDL_GetHint(SDL_HINT_VIDEODRIVER);
+  const char* driver = SDL_GetCurrentVideoDriver();
+  return asked_for == nullptr && driver != nullptr && std::string_view(driver) == "offscreen";
+}
+
+void CheckDisplay() {
+  if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+    throw NothingShownError(std::string("no display: ") + SDL_GetError());
+  }
+  if (FellBackToNoDisplay()) {
+    throw NothingShownError("no display: neither an X11 nor a Wayland display can be opened");
+  }
+}
+
+void CheckFont() {
+  if (OpenSdlUiFontHandle(15, false, SdlUiFontKind::Ui) == nullptr) {
+    throw NothingShownError(
+        "no font: neither data/ttf in the working directory nor the system has one that opens");
+  }
+}
+
+}  // namespace
+
+SdlSession::SdlSession(VideoChoice video) {
+  try {
+    ChooseDrivers(video);
+    CheckDisplay();
+    CheckFont();
+  } catch (...) {
+    ShutDown();
+    throw;
+  }
+}
+
+SdlSession::~SdlSession() {
+  ShutDown();
+}
+
+}  // namespace quindle::demo
