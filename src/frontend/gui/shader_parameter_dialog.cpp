@@ -25,7 +25,7 @@ constexpr int kLabelGap = 10;
 constexpr int kScrollbarInset = 18;
 constexpr int kScrollbarWidth = 14;
 constexpr int kMinThumbHeight = 20;
-constexpr int kCardMarginRight = 30;
+constexpr int kCardMargin = 28;  // Both sides together, without the scroll bar.
 constexpr int kCardGap = 6;
 constexpr int kKnobWidth = 12;
 constexpr int kKnobOverhang = 4;
@@ -394,7 +394,7 @@ void DrawRow(const ShaderDialogSession& session, int row, int width) {
   const ShaderParameterSpec& spec = SpecOf(session, row);
   const float value = ValueOf(session, row);
   const int top = RowTop(session, row);
-  const SDL_Rect card{kMarginX, top, std::max(width - kMarginX - kCardMarginRight, 0),
+  const SDL_Rect card{kMarginX, top, std::max(width - kScrollbarWidth - kCardMargin, 0),
                       geometry.row_height - kCardGap};
   const SDL_Rect track = SliderTrack(geometry, top);
   DrawCard(session.renderer, card);
