@@ -1,0 +1,64 @@
+#include "frontend/gui/text_entry.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+namespace quindle::frontend::gui {
+namespace {
+
+TEST(TextEntryDigit, TheTenAsciiDigitsAndNothingElse) {
+  for (int byte = -128; byte <= 127; ++byte) {
+    const char c = static_cast<char>(byte);
+    const bool digit = std::string_view("0123456789").find(c) != std::string_view::npos;
+    EXPECT_EQ(IsAsciiDigit(c), digit) << byte;
+  }
+}
+
+TEST(TextEntryDigitString, NeedsOneDigitAndOnlyDigits) {
+  EXPECT_TRUE(IsDigitString("0"));
+  EXPECT_TRUE(IsDigitString("0123456789"));
+  EXPECT_FALSE(IsDigitString(""));
+  EXPECT_FALSE(IsDigitString("-5"));
+  EXPECT_FALSE(IsDigitString("5 "));
+  EXPECT_FALSE(IsDigitString(" 5"));
+  EXPECT_FALSE(IsDigitString("1.5"));
+  EXPECT_FALSE(IsDigitString(std::string_view("1\0", 2)));
+}
+
+TEST(TextEntryTyping, SkipsRefusedBytesAndGoesOn) {
+  std::string text;
+  TypeAcceptedBytes("12a4", IsAsciiDigit, 10, &text);
+  EXPECT_EQ(text, "124");
+}
+
+TEST(TextEntryTyping, StopsAtTheLimit) {
+  std::string text = "12";
+  TypeAcceptedBytes("345", IsAsciiDigit, 3, &text);
+  EXPECT_EQ(text, "123");
+  TypeAcceptedBytes("4", IsAsciiDigit, 3, &text);
+  EXPECT_EQ(text, "123");
+}
+
+TEST(TextEntryTyping, KeepsATextThatIsLongerThanTheLimit) {
+  std::string text = "123456";
+  TypeAcceptedBytes("7", IsAsciiDigit, 3, &text);
+  EXPECT_EQ(text, "123456");
+}
+
+TEST(TextEntryRemoval, TakesOneByte) {
+  std::string text = "ab\xC3\xA9";
+  RemoveLastByte(&text);
+  EXPECT_EQ(text, "ab\xC3");
+}
+
+TEST(TextEntryRemoval, LeavesEmptyAndNullAlone) {
+  std::string text;
+  RemoveLastByte(&text);
+  EXPECT_EQ(text, "");
+  RemoveLastByte(nullptr);
+}
+
+}  // namespace
+}  // namespace quindle::frontend::gui
