@@ -5,6 +5,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "frontend/gui/drawable_text.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_modal_runtime.h"
@@ -122,8 +123,8 @@ void DrawButtons(SDL_Renderer* renderer, const HddCreateDialogLayout& layout) {
 
 // A text that is too long for its field is clipped to it and shows its end, where typing goes on.
 void DrawFieldText(SDL_Renderer* renderer, const SDL_Rect& field, const std::string& text) {
-  DrawTextEndVisible(renderer, DialogFont(), text, field.x + kFieldPadding, field.y + 9,
-                     field.x + field.w - kFieldPadding, kTextColor);
+  DrawTextEndVisible(renderer, DialogFont(), DrawableText(text), field.x + kFieldPadding,
+                     field.y + 9, field.x + field.w - kFieldPadding, kTextColor);
 }
 
 void DrawFieldTexts(SDL_Renderer* renderer, const HddCreateDialogLayout& layout,
@@ -146,8 +147,9 @@ void DrawCaptions(SDL_Renderer* renderer, const HddCreateDialogLayout& layout) {
 void DrawTargetPath(SDL_Renderer* renderer, const HddCreateDialogState& state) {
   DrawHddCreateDialogText(renderer, "Will be saved as:", kLabelX, 258, kCaptionColor);
   const std::string target = BuildHddCreateTargetPath(state.folder_text, state.name_text);
-  DrawTextEndVisible(renderer, DialogFont(), utils::ellipsize_left(target, kMaxShownPathBytes),
-                     kLabelX, 280, kWindowWidth - kLabelX, kPathColor);
+  DrawTextEndVisible(renderer, DialogFont(),
+                     DrawableText(utils::ellipsize_left(target, kMaxShownPathBytes)), kLabelX, 280,
+                     kWindowWidth - kLabelX, kPathColor);
 }
 
 // --- Loop ----------------------------------------------------------------------------------------

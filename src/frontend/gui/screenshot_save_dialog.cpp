@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "frontend/gui/drawable_text.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_modal_runtime.h"
@@ -233,8 +234,9 @@ void DrawButtons(SDL_Renderer* renderer, const ScreenshotSaveDialogLayout& layou
 
 // A text that is too long for its field is clipped to it and shows its end, where typing goes on.
 void DrawFieldText(SDL_Renderer* renderer, const SDL_Rect& field, std::string_view text) {
-  DrawTextEndVisible(renderer, EnsureScreenshotDialogFont(), text, field.x + kFieldPadding,
-                     field.y + kTextDrop, field.x + field.w - kFieldPadding, kBrightText);
+  DrawTextEndVisible(renderer, EnsureScreenshotDialogFont(), DrawableText(text),
+                     field.x + kFieldPadding, field.y + kTextDrop,
+                     field.x + field.w - kFieldPadding, kBrightText);
 }
 
 void DrawCaption(SDL_Renderer* renderer, const SDL_Rect& button, const char* text, int offset) {
@@ -283,8 +285,9 @@ void DrawTargetPath(const ScreenshotSaveDialogSession& session,
   const std::string name =
       ReplaceFilenameExtension(std::string(session.file_name_text), session.format);
   DrawTextEndVisible(session.renderer, EnsureScreenshotDialogFont(),
-                     EllipsizeLeft((folder / name).string(), kMaxShownPathBytes), kLabelX,
-                     layout.path_y, layout.cancel_button.x - kGapBeforeButton, kBrightText);
+                     DrawableText(EllipsizeLeft((folder / name).string(), kMaxShownPathBytes)),
+                     kLabelX, layout.path_y, layout.cancel_button.x - kGapBeforeButton,
+                     kBrightText);
 }
 
 void DrawListRow(SDL_Renderer* renderer, const SDL_Rect& row, ScreenshotSaveFormat format,

@@ -1,0 +1,782 @@
+// The HDD image dialog in its window: mouse, drawing, the loop, the folder picker inside it.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "dialogs/form_checks.h"
+#include "frontend/gui/hdd_create_dialog.h"
+#include "frontend/gui/sdl_ui_font_cache.h"
+#include "support/dialog_test.h"
+#include "utils/string_utils.h"
+
+namespace quindle::testing {
+namespace {
+
+using frontend::gui::BuildHddCreateDialogLayout;
+using frontend::gui::DrawHddCreateDialogText;
+using frontend::gui::HandleHddCreateDialogMouseButton;
+using frontend::gui::HddCreateDialogLayout;
+using frontend::gui::HddCreateDialogResult;
+using frontend::gui::HddCreateDialogState;
+using frontend::gui::OpenHddCreateFolderPicker;
+using frontend::gui::RenderHddCreateDialog;
+using frontend::gui::ShowSimpleHddCreateDialog;
+using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+constexpr SDL_Color kFocusedOutline{160, 176, 210, 255};
+constexpr SDL_Point kSizeField{300, 90};
+constexpr SDL_Point kNameField{300, 150};
+constexpr SDL_Point kFolderField{300, 210};
+constexpr SDL_Point kChooseButton{735, 210};
+constexpr SDL_Point kCancelButton{675, 338};
+constexpr SDL_Point kCreateButton{795, 338};
+constexpr SDL_Point kNowhere{100, 300};
+
+void ClickAt(SDL_Point at) {
+  Click(at.x, at.y);
+}
+
+SDL_MouseButtonEvent ButtonAt(int x, int y) {
+  SDL_MouseButtonEvent event{};
+  event.button = SDL_BUTTON_LEFT;
+  event.x = x;
+  event.y = y;
+  return event;
+}
+
+void ExpectCancelled(const HddCreateDialogResult& result, const std::string& folder = "/data",
+                     unsigned int size_mb = 64) {
+  EXPECT_FALSE(result.accepted);
+  EXPECT_EQ(result.size_mb, size_mb);
+  EXPECT_EQ(result.folder, folder);
+  EXPECT_EQ(result.file_name, "disk.img");
+}
+
+// --- Mouse ---------------------------------------------------------------------------------------
+
+class HddCreateDialogMouse : public DialogTest {
+ protected:
+  void SetUp() override {
+    DialogTest::SetUp();
+    state_.folder_text = "/data";
+    state_.name_text = "disk.img";
+    state_.size_text = "64";
+  }
+  void Press(int x, int y) {
+    HandleHddCreateDialogMouseButton(&state_, MakeParent(), ButtonAt(x, y), true);
+  }
+  void Release(int x, int y) {
+    HandleHddCreateDialogMouseButton(&state_, MakeParent(), ButtonAt(x, y), false);
+  }
+
+  HddCreateDialogState state_;
+};
+
+TEST_F(HddCreateDialogMouse, PressInAFieldMovesTheFocusThere) {
+  for (const SDL_Point at :
+       {SDL_Point{250, 132}, SDL_Point{779, 132}, SDL_Point{250, 167}, SDL_Point{779, 167}}) {
+    state_.focus = 0;
+    Press(at.x, at.y);
+    EXPECT_EQ(state_.focus, 1) << at.x << ',' << at.y;
+  }
+  for (const SDL_Point at :
+       {SDL_Point{250, 72}, SDL_Point{459, 72}, SDL_Point{250, 107}, SDL_Point{459, 107}}) {
+    state_.focus = 1;
+    Press(at.x, at.y);
+    EXPECT_EQ(state_.focus, 0) << at.x << ',' << at.y;
+  }
+}
+
+TEST_F(HddCreateDialogMouse, PressElsewhereDoesNothing) {
+  const std::vector<SDL_Point> around = {{249, 72},    {460, 72},     {250, 71},     {250, 108},
+                                         {249, 132},   {780, 132},    {250, 131},    {250, 168},
+                                         kFolderField, kChooseButton, kCancelButton, kCreateButton,
+                                         kNowhere,     {-1, -1},      {100000, 90}};
+  for (const SDL_Point at : around) {
+    for (const int focus : {0, 1}) {
+      state_.focus = focus;
+      Press(at.x, at.y);
+      EXPECT_EQ(state_.focus, focus) << at.x << ',' << at.y;
+      EXPECT_FALSE(state_.done);
+      EXPECT_FALSE(state_.accepted);
+    }
+  }
+  EXPECT_EQ(Recorder().CallCount("SDL_CreateWindow"), 1);  // The parent of this test.
+}
+
+TEST_F(HddCreateDialogMouse, ReleaseOnAButtonActs) {
+  const std::vector<SDL_Point> cancel = {{620, 318}, {729, 318}, {620, 357}, {729, 357}};
+  const std::vector<SDL_Point> create = {{740, 318}, {849, 318}, {740, 357}, {849, 357}};
+  for (const SDL_Point at : cancel) {
+    state_.done = false;
+    Release(at.x, at.y);
+    EXPECT_TRUE(state_.done);
+    EXPECT_FALSE(state_.accepted);
+  }
+  for (const SDL_Point at : create) {
+    state_.done = state_.accepted = false;
+    Release(at.x, at.y);
+    EXPECT_TRUE(state_.done);
+    EXPECT_TRUE(state_.accepted);
+    EXPECT_EQ(state_.size_mb, 64U);
+  }
+}
+
+TEST_F(HddCreateDialogMouse, ReleaseElsewhereDoesNothing) {
+  const std::vector<SDL_Point> around = {{619, 318}, {730, 318}, {739, 318}, {850, 318}, {620, 317},
+                                         {620, 358}, {740, 317}, {740, 358}, {689, 191}, {680, 210},
+                                         {689, 210}, {780, 210}, {690, 191}, {690, 228}, {249, 210},
+                                         {250, 191}, {250, 228}, kSizeField, kNameField, kNowhere};
+  state_.focus = 1;
+  for (const SDL_Point at : around) {
+    Release(at.x, at.y);
+    EXPECT_FALSE(state_.done) << at.x << ',' << at.y;
+    EXPECT_FALSE(state_.accepted);
+    EXPECT_EQ(state_.focus, 1);
+  }
+  EXPECT_EQ(Recorder().CallCount("SDL_CreateWindow"), 1);  // The parent of this test.
+}
+
+TEST_F(HddCreateDialogMouse, ReleaseOnFolderOrChooseOpensThePicker) {
+  const std::vector<SDL_Point> hits = {{250, 192}, {679, 192}, {250, 227}, {679, 227},
+                                       {690, 192}, {779, 192}, {690, 227}, {779, 227}};
+  SDL_Window* const parent = MakeParent();
+  for (const SDL_Point at : hits) {
+    DialogScript script;
+    script.Step([] { KeyDown(SDLK_ESCAPE); });
+    Release(at.x, at.y);
+    EXPECT_TRUE(script.IsFinished()) << at.x << ',' << at.y;
+    EXPECT_EQ(Recorder().windows().back().title, "Select HDD Output Folder");
+    EXPECT_EQ(Recorder().windows().back().modal_for, parent);
+    EXPECT_EQ(state_.folder_text, "/data");
+    FlushEvents();
+  }
+}
+
+TEST_F(HddCreateDialogMouse, NullDoesNothing) {
+  const HddCreateDialogState before = state_;
+  for (const bool pressed : {true, false}) {
+    for (const SDL_Point at : {kNameField, kCreateButton, kCancelButton, kChooseButton}) {
+      HandleHddCreateDialogMouseButton(&state_, nullptr, ButtonAt(at.x, at.y), pressed);
+      HandleHddCreateDialogMouseButton(nullptr, MakeParent(), ButtonAt(at.x, at.y), pressed);
+    }
+  }
+  EXPECT_EQ(state_.focus, before.focus);
+  EXPECT_FALSE(state_.done);
+  EXPECT_FALSE(state_.accepted);
+}
+
+// --- Drawing -------------------------------------------------------------------------------------
+
+class HddCreateDialogDrawing : public DialogTest {
+ protected:
+  // The frame of a state, drawn in a window of the dialog's size.
+  const Frame& Draw(const HddCreateDialogState& state) {
+    if (window_ == nullptr) {
+      window_.reset(SDL_CreateWindow("Canvas", 0, 0, 860, 390, SDL_WINDOW_HIDDEN));
+      renderer_.reset(SDL_CreateRenderer(window_.get(), -1, SDL_RENDERER_SOFTWARE));
+    }
+    Recorder().ForgetDraws();
+    RenderHddCreateDialog(renderer_.get(), state);
+    return Recorder().unpresented();
+  }
+  void TearDown() override {
+    renderer_.reset();
+    window_.reset();
+    DialogTest::TearDown();
+  }
+
+  frontend::gui::OwnedSdlWindow window_;
+  frontend::gui::OwnedSdlRenderer renderer_;
+};
+
+HddCreateDialogState SampleState() {
+  HddCreateDialogState state;
+  state.size_text = "64";
+  state.folder_text = "/data";
+  state.name_text = "c.img";
+  return state;
+}
+
+TEST_F(HddCreateDialogDrawing, FrameIsDrawnInOrder) {
+  const std::vector<std::string> expected = {
+      "clear 20,23,27",
+      "text 'Create new HDD image (.img)' at 20,16 in 232,236,240",
+      "text 'Size (MB):' at 20,80 in 232,236,240",
+      "text 'File name:' at 20,140 in 232,236,240",
+      "text 'Folder:' at 20,200 in 232,236,240",
+      "fill (250, 72, 210, 36) 46,52,60",
+      "fill (250, 132, 530, 36) 46,52,60",
+      "fill (250, 192, 430, 36) 46,52,60",
+      "outline (250, 72, 210, 36) 80,86,96",
+      "outline (250, 132, 530, 36) 80,86,96",
+      "outline (250, 192, 430, 36) 80,86,96",
+      "outline (250, 72, 210, 36) 160,176,210",
+      "fill (690, 192, 90, 36) 56,64,74",
+      "fill (620, 318, 110, 40) 56,64,74",
+      "fill (740, 318, 110, 40) 56,64,74",
+      "outline (690, 192, 90, 36) 95,104,116",
+      "outline (620, 318, 110, 40) 95,104,116",
+      "outline (740, 318, 110, 40) 95,104,116",
+      "text '64' at 258,81 in 232,236,240",
+      "text 'c.img' at 258,141 in 232,236,240",
+      "text '/data' at 258,201 in 232,236,240",
+      "text 'Choose' at 703,201 in 232,236,240",
+      "text 'Cancel' at 643,329 in 232,236,240",
+      "text 'Create' at 771,329 in 232,236,240",
+      "text 'Will be saved as:' at 20,258 in 170,178,190",
+      "text '/data/c.img' at 20,280 in 214,221,230",
+  };
+  EXPECT_THAT(DescribeFrame(Draw(SampleState())), ElementsAreArray(expected));
+}
+
+TEST_F(HddCreateDialogDrawing, FocusedFieldIsOutlinedAgain) {
+  HddCreateDialogState state = SampleState();
+  EXPECT_THAT(Draw(state).Outlines(kFocusedOutline), ElementsAre(SDL_Rect{250, 72, 210, 36}));
+  state.focus = 1;
+  EXPECT_THAT(Draw(state).Outlines(kFocusedOutline), ElementsAre(SDL_Rect{250, 132, 530, 36}));
+  state.focus = 2;
+  EXPECT_THAT(Draw(state).Outlines(kFocusedOutline), IsEmpty());
+}
+
+TEST_F(HddCreateDialogDrawing, EmptyTextsAreNotDrawnAndThePathHasItsDefaults) {
+  HddCreateDialogState state;
+  const Frame& frame = Draw(state);
+  EXPECT_THAT(frame.Texts(), ElementsAre("Create new HDD image (.img)",
+                                         "Size (MB):", "File name:", "Folder:", "Choose", "Cancel",
+                                         "Create", "Will be saved as:", "./disk.img"));
+}
+
+TEST_F(HddCreateDialogDrawing, TextsUseTheCachedFontOf16Points) {
+  for (const DrawCall& text : Draw(SampleState()).OfKind(DrawKind::Text)) {
+    EXPECT_EQ(text.font.path, "./data/ttf/IBMPlexSans-SemiBold.ttf");
+    EXPECT_EQ(text.font.size, 16);
+    EXPECT_EQ(text.font.style, TTF_STYLE_NORMAL);
+  }
+  EXPECT_THAT(Recorder().font_requests(), SizeIs(1));
+}
+
+TEST_F(HddCreateDialogDrawing, LongFolderShowsItsLast58BytesAndThePathItsLast95) {
+  HddCreateDialogState state = SampleState();
+  for (const std::size_t length : {std::size_t{58}, std::size_t{59}, std::size_t{900}}) {
+    state.folder_text = "/" + std::string(length - 1, 'i');
+    const Frame& frame = Draw(state);
+    EXPECT_TRUE(frame.HasText(utils::ellipsize_left(state.folder_text, 58))) << length;
+    EXPECT_TRUE(frame.HasText(utils::ellipsize_left(state.folder_text + "/c.img", 95))) << length;
+  }
+  EXPECT_TRUE(Draw(state).HasText("..." + std::string(55, 'i')));
+  EXPECT_TRUE(Draw(state).HasText("..." + std::string(86, 'i') + "/c.img"));
+  state.folder_text = "/" + std::string(88, 'i');  // A path of exactly 95 bytes.
+  EXPECT_TRUE(Draw(state).HasText(state.folder_text + "/c.img"));
+}
+
+TEST_F(HddCreateDialogDrawing, WideTextsAreClippedToTheirFieldsAndShowTheirEnds) {
+  HddCreateDialogState state = SampleState();
+  state.size_text = std::string(40, '8');
+  state.name_text = std::string(124, 'W') + ".img";
+  state.folder_text = "/" + std::string(899, 'W');
+  const Frame& frame = Draw(state);
+  struct Row {
+    std::string text;
+    int left;
+    int right;
+  };
+  const std::string target = state.folder_text + "/" + state.name_text;
+  for (const Row& row : {Row{state.size_text, 258, 452}, Row{state.name_text, 258, 772},
+                         Row{utils::ellipsize_left(state.folder_text, 58), 258, 672},
+                         Row{utils::ellipsize_left(target, 95), 20, 840}}) {
+    const DrawCall* const text = frame.FindText(row.text);
+    ASSERT_NE(text, nullptr) << row.text;
+    ASSERT_TRUE(text->clip) << row.text;
+    EXPECT_EQ(text->clip->x, row.left);
+    EXPECT_EQ(text->clip->x + text->clip->w, row.right);
+    EXPECT_EQ(text->rect.x + text->rect.w, row.right);
+  }
+}
+
+TEST_F(HddCreateDialogDrawing, TextThatFitsIsNotMovedOrClipped) {
+  HddCreateDialogState state = SampleState();
+  state.name_text = std::string(30, 'W');
+  const DrawCall* const name = Draw(state).FindText(state.name_text);
+  ASSERT_NE(name, nullptr);
+  EXPECT_EQ(name->rect.x, 258);
+  EXPECT_FALSE(name->clip);
+}
+
+TEST_F(HddCreateDialogDrawing, NoTextRunsOverAControl) {
+  const HddCreateDialogLayout layout = BuildHddCreateDialogLayout();
+  const std::vector<SDL_Rect> controls = {layout.size_field,    layout.name_field,
+                                          layout.folder_field,  layout.choose_button,
+                                          layout.cancel_button, layout.create_button};
+  HddCreateDialogState state = SampleState();
+  for (const std::size_t length : {1U, 40U, 58U, 128U, 900U}) {
+    for (const char letter : {'i', 'W', '0'}) {
+      state.size_text = std::string(std::min<std::size_t>(length, 10), '8');
+      state.name_text = std::string(std::min<std::size_t>(length, 128), letter);
+      state.folder_text = std::string(length, letter);
+      ExpectTextsKeepClearOfControls(Draw(state), controls, SDL_Rect{0, 0, 860, 390});
+    }
+  }
+}
+
+TEST_F(HddCreateDialogDrawing, BytesThatAreNoTextAreStillDrawn) {
+  HddCreateDialogState state = SampleState();
+  state.folder_text = "/a\nb\xFF";
+  EXPECT_TRUE(
+      Draw(state).HasText("/a\xEF\xBF\xBD"
+                          "b\xEF\xBF\xBD"));
+}
+
+TEST_F(HddCreateDialogDrawing, WithoutFontTheBoxesAreStillThere) {
+  Recorder().HideAllFonts();
+  const Frame& frame = Draw(SampleState());
+  EXPECT_THAT(frame.Texts(), IsEmpty());
+  EXPECT_THAT(frame.OfKind(DrawKind::Fill), SizeIs(6));
+}
+
+TEST_F(HddCreateDialogDrawing, NullDrawsNothing) {
+  RenderHddCreateDialog(nullptr, SampleState());
+  DrawHddCreateDialogText(nullptr, "text", 1, 2, kFocusedOutline);
+  EXPECT_THAT(Recorder().unpresented().draws, IsEmpty());
+  EXPECT_THAT(Recorder().font_requests(), IsEmpty());
+  Draw(SampleState());
+  Recorder().ForgetDraws();
+  DrawHddCreateDialogText(renderer_.get(), nullptr, 1, 2, kFocusedOutline);
+  DrawHddCreateDialogText(renderer_.get(), "", 1, 2, kFocusedOutline);
+  EXPECT_THAT(Recorder().unpresented().draws, IsEmpty());
+  DrawHddCreateDialogText(renderer_.get(), "text", 1, 2, kFocusedOutline);
+  EXPECT_THAT(DescribeFrame(Recorder().unpresented()),
+              ElementsAre("text 'text' at 1,2 in 160,176,210"));
+}
+
+// --- Loop ----------------------------------------------------------------------------------------
+
+class HddCreateDialogLoop : public DialogTest {
+ protected:
+  // Runs the dialog with one step that acts, after a frame to look at.
+  HddCreateDialogResult Run(const std::function<void()>& act) {
+    DialogScript script;
+    script.Wait().Step(act);
+    const HddCreateDialogResult result = ShowSimpleHddCreateDialog(MakeParent(), "/data", 64);
+    EXPECT_TRUE(script.IsFinished());
+    FlushEvents();
+    return result;
+  }
+};
+
+TEST_F(HddCreateDialogLoop, OpensItsWindow) {
+  SDL_Window* const parent = MakeParent();
+  Run([] { Quit(); });
+  const WindowRecord& window = Recorder().windows().back();
+  EXPECT_EQ(window.title, "Create HDD Image");
+  EXPECT_EQ(window.x, 180);
+  EXPECT_EQ(window.y, 180);
+  EXPECT_EQ(window.w, 860);
+  EXPECT_EQ(window.h, 390);
+  EXPECT_EQ(window.flags, Uint32{SDL_WINDOW_HIDDEN});
+  EXPECT_EQ(window.modal_for, parent);
+  EXPECT_EQ(Recorder().renderers().front().flags, Uint32{SDL_RENDERER_ACCELERATED});
+  EXPECT_THAT(Recorder().delays(), ElementsAre(8, 8));
+}
+
+TEST_F(HddCreateDialogLoop, KeepsTheOrderOfTheContract) {
+  MakeParent();
+  Recorder().ForgetCalls();
+  Run([] { Quit(); });
+  EXPECT_THAT(
+      Recorder().CallsAmong({"SDL_CreateWindow", "SDL_StartTextInput", "SDL_RenderPresent",
+                             "SDL_ShowWindow", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
+                             "SDL_Delay", "SDL_StopTextInput", "SDL_DestroyRenderer",
+                             "SDL_DestroyWindow"}),
+      ElementsAre("SDL_CreateWindow", "SDL_StartTextInput", "SDL_RenderPresent", "SDL_ShowWindow",
+                  "SDL_RaiseWindow", "SDL_SetWindowInputFocus", "SDL_Delay", "SDL_RenderPresent",
+                  "SDL_Delay", "SDL_StopTextInput", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
+                  "SDL_DestroyRenderer", "SDL_DestroyWindow"));
+  EXPECT_THAT(Recorder().CallsAmong({"SDL_RaiseWindow", "SDL_SetWindowInputFocus"}, MakeParent()),
+              ElementsAre("SDL_RaiseWindow", "SDL_SetWindowInputFocus"));
+}
+
+TEST_F(HddCreateDialogLoop, RunsWithoutAParent) {
+  DialogScript script;
+  script.Step([] { KeyDown(SDLK_RETURN); });
+  EXPECT_TRUE(ShowSimpleHddCreateDialog(nullptr, "/data", 64).accepted);
+  EXPECT_EQ(Recorder().windows().back().modal_for, nullptr);
+}
+
+TEST_F(HddCreateDialogLoop, UntouchedFieldsGiveTheStartValues) {
+  const HddCreateDialogResult result = Run([] { ClickAt(kCreateButton); });
+  EXPECT_TRUE(result.accepted);
+  EXPECT_EQ(result.size_mb, 64U);
+  EXPECT_EQ(result.folder, "/data");
+  EXPECT_EQ(result.file_name, "disk.img");
+}
+
+TEST_F(HddCreateDialogLoop, EmptyFolderAndSizeZeroHaveDefaults) {
+  DialogScript script;
+  script.Wait().Step([] {
+    const Frame& frame = Recorder().last_frame();
+    EXPECT_TRUE(frame.HasText("10"));
+    EXPECT_TRUE(frame.HasText("disk.img"));
+    EXPECT_TRUE(frame.HasText("."));
+    EXPECT_TRUE(frame.HasText("./disk.img"));
+    EXPECT_THAT(frame.Outlines(kFocusedOutline), ElementsAre(SDL_Rect{250, 72, 210, 36}));
+    KeyDown(SDLK_RETURN);
+  });
+  const HddCreateDialogResult result = ShowSimpleHddCreateDialog(nullptr, "", 0);
+  EXPECT_TRUE(result.accepted);
+  EXPECT_EQ(result.size_mb, 10U);
+  EXPECT_EQ(result.folder, ".");
+  EXPECT_EQ(result.file_name, "disk.img");
+}
+
+TEST_F(HddCreateDialogLoop, GreatestSizeIsShownInDecimal) {
+  DialogScript script;
+  script.Wait().Step([] {
+    EXPECT_TRUE(Recorder().last_frame().HasText("4294967295"));
+    KeyDown(SDLK_RETURN);
+  });
+  EXPECT_EQ(ShowSimpleHddCreateDialog(nullptr, "", 4294967295U).size_mb, 4294967295U);
+}
+
+TEST_F(HddCreateDialogLoop, TypedTextsAreShownAndReturned) {
+  DialogScript script;
+  script
+      .Step([] {
+        KeyDown(SDLK_BACKSPACE);
+        KeyDown(SDLK_BACKSPACE);
+        TextInput("5a12");
+        KeyDown(SDLK_TAB);
+        for (int i = 0; i < 8; ++i) {
+          KeyDown(SDLK_BACKSPACE);
+        }
+        TextInput("my/disk");
+      })
+      .Step([] {
+        const Frame& frame = Recorder().last_frame();
+        EXPECT_TRUE(frame.HasText("512"));
+        EXPECT_TRUE(frame.HasText("mydisk"));
+        EXPECT_TRUE(frame.HasText("/data/mydisk"));
+        EXPECT_THAT(frame.Outlines(kFocusedOutline), ElementsAre(SDL_Rect{250, 132, 530, 36}));
+        KeyDown(SDLK_KP_ENTER);
+      });
+  const HddCreateDialogResult result = ShowSimpleHddCreateDialog(nullptr, "/data", 64);
+  EXPECT_TRUE(result.accepted);
+  EXPECT_EQ(result.size_mb, 512U);
+  EXPECT_EQ(result.file_name, "mydisk");
+}
+
+TEST_F(HddCreateDialogLoop, EveryWayOutCancelsWhateverWasTyped) {
+  const std::vector<std::function<void()>> ways = {
+      [] { KeyDown(SDLK_ESCAPE); },
+      [] { ClickAt(kCancelButton); },
+      [] { CloseWindow(WindowId()); },
+      [] { Quit(); },
+  };
+  for (const auto& way : ways) {
+    ExpectCancelled(Run([&way] {
+      TextInput("99");
+      KeyDown(SDLK_TAB);
+      TextInput("xx");
+      way();
+    }));
+  }
+}
+
+TEST_F(HddCreateDialogLoop, QuitIsConsumed) {
+  Run([] { Quit(); });
+  EXPECT_THAT(QueuedEvents(), IsEmpty());
+}
+
+TEST_F(HddCreateDialogLoop, FirstDecidingEventOfADrainWins) {
+  ExpectCancelled(Run([] {
+    KeyDown(SDLK_ESCAPE);
+    KeyDown(SDLK_RETURN);
+    ClickAt(kCreateButton);
+  }));
+  const HddCreateDialogResult committed = Run([] {
+    KeyDown(SDLK_RETURN);
+    TextInput("7");
+    KeyDown(SDLK_RETURN);
+    ClickAt(kChooseButton);
+    Quit();
+  });
+  EXPECT_TRUE(committed.accepted);
+  EXPECT_EQ(committed.size_mb, 64U);
+  EXPECT_THAT(QueuedEvents(), IsEmpty());
+}
+
+TEST_F(HddCreateDialogLoop, DecidingFrameIsDrawnPresentedAndPausedAfter) {
+  Run([] {
+    TextInput("5");
+    KeyDown(SDLK_RETURN);
+  });
+  EXPECT_EQ(Recorder().presents(), 2);
+  EXPECT_TRUE(Recorder().last_frame().HasText("645"));
+  EXPECT_THAT(Recorder().delays(), SizeIs(2));
+}
+
+TEST_F(HddCreateDialogLoop, EventsOfOtherWindowsCountUnlessTheyAreWindowEvents) {
+  const Uint32 parent = SDL_GetWindowID(MakeParent());
+  const HddCreateDialogResult result = Run([parent] {
+    CloseWindow(parent);
+    WindowEvent(WindowId(), SDL_WINDOWEVENT_RESIZED);
+    TextInput("5", parent);
+    MouseDown(kNameField.x, kNameField.y, SDL_BUTTON_LEFT, 1, parent);
+    TextInput("x", parent);
+    KeyDown(SDLK_RETURN, parent);
+  });
+  EXPECT_TRUE(result.accepted);
+  EXPECT_EQ(result.size_mb, 645U);
+  EXPECT_EQ(result.file_name, "disk.imgx");
+  const HddCreateDialogResult clicked =
+      Run([parent] { MouseUp(kCreateButton.x, kCreateButton.y, SDL_BUTTON_LEFT, 1, parent); });
+  EXPECT_TRUE(clicked.accepted);
+}
+
+TEST_F(HddCreateDialogLoop, OtherButtonsAndEventsAreIgnored) {
+  const HddCreateDialogResult result = Run([] {
+    for (const Uint8 button :
+         std::vector<Uint8>{SDL_BUTTON_RIGHT, SDL_BUTTON_MIDDLE, SDL_BUTTON_X1}) {
+      Click(kNameField.x, kNameField.y, button);
+      Click(kCancelButton.x, kCancelButton.y, button);
+      Click(kCreateButton.x, kCreateButton.y, button);
+      Click(kChooseButton.x, kChooseButton.y, button);
+    }
+    KeyUp(SDLK_ESCAPE);
+    KeyUp(SDLK_RETURN);
+    Wheel(1);
+    Motion(kCancelButton.x, kCancelButton.y);
+    TextInput("1");
+    KeyDown(SDLK_RETURN);
+  });
+  EXPECT_TRUE(result.accepted);
+  EXPECT_EQ(result.size_mb, 641U);
+}
+
+TEST_F(HddCreateDialogLoop, PressElsewhereReleaseOnCreateCommits) {
+  EXPECT_TRUE(Run([] {
+                MouseDown(kNameField.x, kNameField.y);
+                MouseUp(kCreateButton.x, kCreateButton.y);
+              }).accepted);
+}
+
+TEST_F(HddCreateDialogLoop, PressOnCreateReleaseElsewhereDoesNothing) {
+  ExpectCancelled(Run([] {
+    MouseDown(kCreateButton.x, kCreateButton.y);
+    MouseUp(kNowhere.x, kNowhere.y);
+    Quit();
+  }));
+}
+
+TEST_F(HddCreateDialogLoop, WorksWithoutAFont) {
+  Recorder().HideAllFonts();
+  const HddCreateDialogResult result = Run([] {
+    TextInput("1");
+    ClickAt(kCreateButton);
+  });
+  EXPECT_TRUE(result.accepted);
+  EXPECT_EQ(result.size_mb, 641U);
+}
+
+TEST_F(HddCreateDialogLoop, WithoutAWindowNothingHappens) {
+  SDL_Window* const parent = MakeParent();
+  for (const char* const function : {"SDL_CreateWindow", "SDL_CreateRenderer"}) {
+    Recorder().Reset();
+    Recorder().FailAlways(function);
+    ExpectCancelled(ShowSimpleHddCreateDialog(parent, "/data", 64));
+    ExpectCancelled(ShowSimpleHddCreateDialog(parent, "", 0), ".", 10);
+    EXPECT_EQ(Recorder().CallCount("SDL_StartTextInput"), 0);
+    EXPECT_EQ(Recorder().CallCount("SDL_StopTextInput"), 0);
+    EXPECT_EQ(Recorder().CallCount("SDL_RaiseWindow"), 0);
+    EXPECT_EQ(Recorder().presents(), 0);
+    EXPECT_EQ(Recorder().alive(), AliveCounts{});
+  }
+}
+
+TEST_F(HddCreateDialogLoop, ExceptionOfTheHeartbeatLeavesNothingBehind) {
+  SDL_Window* const parent = MakeParent();
+  DialogScript script;
+  script.Wait().Step([] {
+    EXPECT_TRUE(Recorder().alive().text_input);
+    Recorder().ForgetCalls();
+    throw std::runtime_error("host");
+  });
+  EXPECT_THROW(ShowSimpleHddCreateDialog(parent, "/data", 64), std::runtime_error);
+  frontend::gui::ShutdownSdlUiCachedFonts();
+  EXPECT_EQ(Recorder().alive(), AliveCounts{});
+  EXPECT_THAT(
+      Recorder().CallsAmong({"SDL_StopTextInput", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
+                             "SDL_DestroyRenderer", "SDL_DestroyWindow"}),
+      ElementsAre("SDL_StopTextInput", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
+                  "SDL_DestroyRenderer", "SDL_DestroyWindow"));
+}
+
+// --- Folder picker -------------------------------------------------------------------------------
+
+class HddCreateDialogFolder : public DialogTest {
+ protected:
+  FolderTree tree_;
+};
+
+TEST_F(HddCreateDialogFolder, PickerHasItsTexts) {
+  DialogScript script;
+  std::string folder = tree_.one();
+  script.Wait().Step([this] {
+    const Frame& frame = Recorder().last_frame();
+    EXPECT_EQ(TitleOfNewestWindow(), "Select HDD Output Folder");
+    EXPECT_TRUE(frame.HasText("Choose folder for new HDD image"));
+    EXPECT_TRUE(frame.HasText("Use"));
+    EXPECT_TRUE(frame.HasText("Cancel"));
+    EXPECT_TRUE(frame.HasText("[DIR] two"));
+    ClickAt(kPickerUseButton);
+  });
+  OpenHddCreateFolderPicker(nullptr, folder);
+  EXPECT_EQ(folder, tree_.one());
+}
+
+TEST_F(HddCreateDialogFolder, AcceptReplacesTheFolderAndThePathFollows) {
+  DialogScript script;
+  script.Step([] { ClickAt(kChooseButton); })
+      .Wait()
+      .Step([] {
+        EXPECT_EQ(TitleOfNewestWindow(), "Select HDD Output Folder");
+        EXPECT_EQ(Recorder().windows().back().modal_for, Recorder().windows().front().window);
+        KeyDown(SDLK_DOWN);
+        KeyDown(SDLK_RETURN);
+      })
+      .Step([] { ClickAt(kPickerUseButton); })
+      .Wait()
+      .Step([this] {
+        EXPECT_EQ(TitleOfNewestWindow(), "Create HDD Image");
+        EXPECT_TRUE(Recorder().alive().text_input);
+        EXPECT_TRUE(Recorder().last_frame().HasText(utils::ellipsize_left(tree_.two(), 58)));
+        EXPECT_TRUE(Recorder().last_frame().HasText(tree_.two() + "/disk.img"));
+        TextInput("5");
+        KeyDown(SDLK_RETURN);
+      });
+  const HddCreateDialogResult result = ShowSimpleHddCreateDialog(nullptr, tree_.one(), 64);
+  EXPECT_TRUE(result.accepted);
+  EXPECT_EQ(result.folder, tree_.two());
+  EXPECT_EQ(result.size_mb, 645U);
+}
+
+TEST_F(HddCreateDialogFolder, CancelAndQuitInThePickerLeaveTheFolderAndTheDialogOpen) {
+  const std::vector<std::function<void()>> ways = {
+      [] { KeyDown(SDLK_ESCAPE); },
+      [] { ClickAt(kPickerCancelButton); },
+      [] { CloseWindow(WindowId()); },
+      [] { Quit(); },
+  };
+  for (const auto& way : ways) {
+    DialogScript script;
+    script.Step([] { ClickAt(kFolderField); })
+        .Wait()
+        .Step([&way] {
+          EXPECT_EQ(TitleOfNewestWindow(), "Select HDD Output Folder");
+          KeyDown(SDLK_RETURN);  // One folder up.
+          way();
+        })
+        .Wait()
+        .Step([this] {
+          EXPECT_EQ(TitleOfNewestWindow(), "Create HDD Image");
+          EXPECT_TRUE(Recorder().alive().text_input);
+          EXPECT_TRUE(Recorder().last_frame().HasText(tree_.two() + "/disk.img"));
+          KeyDown(SDLK_RETURN);
+        });
+    const HddCreateDialogResult result = ShowSimpleHddCreateDialog(nullptr, tree_.two(), 64);
+    EXPECT_TRUE(result.accepted);
+    EXPECT_EQ(result.folder, tree_.two());
+    FlushEvents();
+  }
+}
+
+TEST_F(HddCreateDialogFolder, OuterLoopIsPausedWhileThePickerRuns) {
+  SDL_Renderer* outer = nullptr;
+  DialogScript script;
+  script
+      .Step([&outer] {
+        outer = Recorder().newest_renderer();
+        ClickAt(kChooseButton);
+      })
+      .Wait(3)
+      .Step([&outer] {
+        for (const Frame& frame : Recorder().frames()) {
+          EXPECT_NE(frame.renderer, outer);
+        }
+        EXPECT_GE(Recorder().presents(), 3);
+        KeyDown(SDLK_ESCAPE);
+      })
+      .Wait()
+      .Step([&outer] {
+        EXPECT_EQ(Recorder().last_frame().renderer, outer);
+        Quit();
+      });
+  ExpectCancelled(ShowSimpleHddCreateDialog(nullptr, tree_.one(), 64), tree_.one());
+}
+
+TEST_F(HddCreateDialogFolder, TypingInThePickerDoesNotReachTheFields) {
+  DialogScript script;
+  script.Step([] { ClickAt(kChooseButton); })
+      .Wait()
+      .Step([] {
+        TextInput("999");
+        KeyDown(SDLK_BACKSPACE);
+      })
+      .Step([] { KeyDown(SDLK_ESCAPE); })
+      .Wait()
+      .Step([] { KeyDown(SDLK_RETURN); });
+  EXPECT_EQ(ShowSimpleHddCreateDialog(nullptr, tree_.one(), 64).size_mb, 64U);
+}
+
+TEST_F(HddCreateDialogFolder, FailedPickerLeavesTheFolder) {
+  DialogScript script;
+  script
+      .Step([] {
+        Recorder().FailCall("SDL_CreateWindow");
+        ClickAt(kChooseButton);
+      })
+      .Wait()
+      .Step([] { KeyDown(SDLK_RETURN); });
+  const HddCreateDialogResult result = ShowSimpleHddCreateDialog(nullptr, tree_.one(), 64);
+  EXPECT_TRUE(result.accepted);
+  EXPECT_EQ(result.folder, tree_.one());
+}
+
+TEST_F(HddCreateDialogFolder, CancelledDialogReturnsTheStartFolderWhateverWasPicked) {
+  DialogScript script;
+  script.Step([] { ClickAt(kChooseButton); })
+      .Wait()
+      .Step([] { KeyDown(SDLK_RETURN); })
+      .Step([] { ClickAt(kPickerUseButton); })
+      .Wait()
+      .Step([this] {
+        EXPECT_TRUE(Recorder().last_frame().HasText(tree_.one() + "/disk.img"));
+        KeyDown(SDLK_ESCAPE);
+      });
+  ExpectCancelled(ShowSimpleHddCreateDialog(nullptr, tree_.two(), 64), tree_.two());
+}
+
+TEST_F(HddCreateDialogFolder, ExceptionInThePickerLeavesNothingBehind) {
+  SDL_Window* const parent = MakeParent();
+  DialogScript script;
+  script.Step([] { ClickAt(kChooseButton); }).Wait().Step([] {
+    EXPECT_EQ(Recorder().alive().windows, 2U);
+    EXPECT_TRUE(Recorder().alive().text_input);
+    throw std::runtime_error("host");
+  });
+  EXPECT_THROW(ShowSimpleHddCreateDialog(parent, tree_.one(), 64), std::runtime_error);
+  frontend::gui::ShutdownSdlUiCachedFonts();
+  EXPECT_EQ(Recorder().alive(), AliveCounts{});
+  EXPECT_THAT(Recorder().CallsAmong({"SDL_RaiseWindow"}, parent), SizeIs(1));
+}
+
+}  // namespace
+}  // namespace quindle::testing
