@@ -64,17 +64,23 @@ std::unique_ptr<ChildProcess> StartServer(std::string* name) {
   return server;
 }
 
-// The user's own settings must not decide what the window manager's keys do.
+// The user's own settings must not decide what the window manager's keys do. It loses requests to
+// show a window that come while it starts, although it has announced itself by then; so it is asked
+// to leave a mark once it is through.
 std::unique_ptr<ChildProcess> StartWindowManager() {
-  auto manager = std::make_unique<ChildProcess>(std::vector<std::string>{
-      "openbox", "--sm-disable", "--config-file", "/etc/xdg/openbox/rc.xml"});
-  const bool answers = WaitUntil(
-      [] {
-        const ProgramResult check = RunProgram({"xprop", "-root", "_NET_SUPPORTING_WM_CHECK"});
-        return check.out.find("window id # 0x") != std::string::npos;
+  constexpr const char* kMark = "_QUINDLE_WINDOW_MANAGER_READY";
+  const std::string leave_mark =
+      std::string("xprop -root -f ") + kMark + " 32c -set " + kMark + " 1";
+  auto manager = std::make_unique<ChildProcess>(
+      std::vector<std::string>{"openbox", "--sm-disable", "--config-file",
+                               "/etc/xdg/openbox/rc.xml", "--startup", leave_mark});
+  const bool ready = WaitUntil(
+      [&] {
+        const ProgramResult mark = RunProgram({"xprop", "-root", kMark});
+        return mark.out.find("= 1") != std::string::npos;
       },
       kPatience);
-  if (!answers) {
+  if (!ready) {
     throw std::runtime_error("openbox does not manage the display: " + manager->Output().err);
   }
   return manager;
@@ -206,25 +212,26 @@ std::string X11Property(X11WindowId window, const std::string& name) {
 }
 
 SDL_Rect X11WindowGeometry(X11WindowId window) {
-  const std::string text =
-      RunX11Tool({"xdotool", "getwindowgeometry", "--shell", std::to_string(window)});
-  SDL_Rect rect{0, 0, 0, 0};
-  std::istringstream lines(text);
-  for (std::string line; std::getline(lines, line);) {
-    const std::size_t equals = line.find('=');
-    const std::string key = line.substr(0, equals);
-    const int value = std::atoi(line.c_str() + equals + 1);
-    if (key == "X") {
-      rect.x = value;
-    } else if (key == "Y") {
-      rect.y = value;
-    } else if (key == "WIDTH") {
-      rect.w = value;
-    } else if (key == "HEIGHT") {
-      rect.h = value;
-    }
-  }
-  return rect;
+  // Not xdotool's, which counts the window manager's frame twice.
+  const std::string text = RunX11Tool({"xwininfo", "-id", std::to_string(window)});
+  const auto number_behind = [&text](const std::string& label) {
+    const std::size_t start = text.find(label);
+    return start == std::string::npos ? 0 : std::atoi(text.c_str() + start + label.size());
+  };
+  return {number_behind("Absolute upper-left X:"), number_behind("Absolute upper-left Y:"),
+          number_behind("Width:"), number_behind("Height:")};
+}
+
+SDL_Rect X11FrameGeometry(X11WindowId window) {
+  const SDL_Rect rect = X11WindowGeometry(window);
+  std::istringstream extents(X11Property(window, "_NET_FRAME_EXTENTS"));
+  int left = 0;
+  int right = 0;
+  int top = 0;
+  int bottom = 0;
+  char comma = 0;
+  extents >> left >> comma >> right >> comma >> top >> comma >> bottom;
+  return {rect.x - left, rect.y - top, rect.w + left + right, rect.h + top + bottom};
 }
 
 void MovePointerTo(X11WindowId window, int x, int y) {
@@ -269,6 +276,14 @@ void CloseByWindowManager(X11WindowId window) {
 
 void SaveX11Screenshot(X11WindowId window, const std::string& path) {
   RunX11Tool({"import", "-window", std::to_string(window), path});
+}
+
+std::string X11PixelColour(X11WindowId window, int x, int y) {
+  const std::string pixel = "1x1+" + std::to_string(x) + "+" + std::to_string(y);
+  const std::string text = RunX11Tool(
+      {"import", "-window", std::to_string(window), "-crop", pixel, "-depth", "8", "txt:-"});
+  const std::size_t colour = text.find(" #");
+  return colour == std::string::npos ? "" : text.substr(colour + 1, 7);
 }
 
 ProgramResult WaitForProgram(ChildProcess* program) {

@@ -97,6 +97,8 @@ std::string X11Property(X11WindowId window, const std::string& name);
 
 /// The client area on the screen, in pixels, without the window manager's frame.
 SDL_Rect X11WindowGeometry(X11WindowId window);
+/// The same with the window manager's frame.
+SDL_Rect X11FrameGeometry(X11WindowId window);
 
 /// Moves the pointer to (x, y) in the window, in pixels.
 void MovePointerTo(X11WindowId window, int x, int y);
@@ -117,6 +119,9 @@ void CloseByWindowManager(X11WindowId window);
 
 /// Saves what the window shows as a PNG file.
 void SaveX11Screenshot(X11WindowId window, const std::string& path);
+
+/// The colour of one pixel of the window, as "#RRGGBB".
+std::string X11PixelColour(X11WindowId window, int x, int y);
 
 /// Waits for a program's end. Throws X11StepError, with what it has printed, when it does not end.
 ProgramResult WaitForProgram(ChildProcess* program);
@@ -164,7 +169,7 @@ class X11DialogTest : public X11DisplayTest {
 
   /// The host's window: titled "Host", 640 x 480 pixels.
   [[nodiscard]] SDL_Window* Parent() const { return parent_; }
-  /// Its X11 window.
+  /// The X11 window of Parent().
   [[nodiscard]] X11WindowId ParentId() const;
 
  private:
