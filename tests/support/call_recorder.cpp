@@ -22,6 +22,14 @@ std::size_t CountBeyondBaseline(const Map& alive) {
                     [&baseline](const auto& entry) { return baseline.count(entry.first) == 0; }));
 }
 
+template <typename Handle, typename Made>
+Handle* Newest(const std::map<Handle*, Made>& alive) {
+  const auto newest = std::max_element(
+      alive.begin(), alive.end(),
+      [](const auto& a, const auto& b) { return a.second.order < b.second.order; });
+  return newest == alive.end() ? nullptr : newest->first;
+}
+
 template <typename Map>
 void AddToBaseline(const Map& alive) {
   for (const auto& entry : alive) {
@@ -229,18 +237,16 @@ void CallRecorder::ForgetDraws() {
 }
 
 SDL_Window* CallRecorder::newest_window() const {
-  const auto& alive = State().alive_windows;
-  const auto newest = std::max_element(
-      alive.begin(), alive.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
-  return newest == alive.end() ? nullptr : newest->first;
+  return Newest(State().alive_windows);
+}
+
+Uint32 CallRecorder::newest_window_id() const {
+  const auto found = State().alive_windows.find(newest_window());
+  return found == State().alive_windows.end() ? 0 : found->second.id;
 }
 
 SDL_Renderer* CallRecorder::newest_renderer() const {
-  const auto& alive = State().alive_renderers;
-  const auto newest = std::max_element(
-      alive.begin(), alive.end(),
-      [](const auto& a, const auto& b) { return a.second.order < b.second.order; });
-  return newest == alive.end() ? nullptr : newest->first;
+  return Newest(State().alive_renderers);
 }
 
 SDL_Window* CallRecorder::WindowOf(SDL_Renderer* renderer) const {

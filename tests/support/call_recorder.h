@@ -149,6 +149,7 @@ class CallRecorder {
   // The window or renderer made last and still alive; null when there is none. While a dialog is
   // open these are the dialog's.
   SDL_Window* newest_window() const;
+  Uint32 newest_window_id() const;  // 0 when there is none.
   SDL_Renderer* newest_renderer() const;
   SDL_Window* WindowOf(SDL_Renderer* renderer) const;
   AliveCounts alive() const;

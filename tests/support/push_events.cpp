@@ -67,8 +67,7 @@ std::size_t BytesForOneEvent(std::string_view text) {
 }  // namespace
 
 Uint32 WindowId() {
-  SDL_Window* const window = Recorder().newest_window();
-  return window == nullptr ? 0 : SDL_GetWindowID(window);
+  return Recorder().newest_window_id();
 }
 
 void KeyDown(SDL_Keycode sym, Uint32 window_id, int modifiers) {

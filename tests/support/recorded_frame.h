@@ -40,8 +40,9 @@ struct DrawCall {
   SDL_Point to{0, 0};            // Line: its second end.
   SDL_Color color{0, 0, 0, 0};   // The draw colour in force; Text: the text's colour.
   std::optional<SDL_Rect> clip;  // The clip rectangle in force; nothing when there is none.
-  std::string text;              // Text: the string as it was given to SDL_ttf.
-  FontUse font;                  // Text: the font at the moment of rendering.
+  std::optional<SDL_Rect> source;  // Text, Copy: the part of the texture; nothing for all of it.
+  std::string text;                // Text: the string as it was given to SDL_ttf.
+  FontUse font;                    // Text: the font at the moment of rendering.
 
   // True when the clip rectangle leaves nothing of `rect`.
   bool IsClippedAway() const;

@@ -37,6 +37,11 @@ struct RenderedText {
   SDL_Color color{0, 0, 0, 0};
 };
 
+struct WindowState {
+  Uint32 id = 0;
+  long order = 0;
+};
+
 struct RendererState {
   SDL_Window* window = nullptr;
   SDL_Color color{0, 0, 0, 255};
@@ -64,7 +69,7 @@ struct RecorderState {
   std::deque<Uint32> delays;
   std::vector<std::string> violations;
 
-  std::map<SDL_Window*, long> alive_windows;  // To the order of creation.
+  std::map<SDL_Window*, WindowState> alive_windows;
   std::map<SDL_Renderer*, RendererState> alive_renderers;
   std::map<SDL_Texture*, std::optional<RenderedText>> alive_textures;
   std::map<SDL_Surface*, std::optional<RenderedText>> alive_surfaces;

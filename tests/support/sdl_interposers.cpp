@@ -17,6 +17,7 @@ using quindle::testing::EnterCall;
 using quindle::testing::FakeTexture;
 using quindle::testing::Frame;
 using quindle::testing::InsideTtf;
+using quindle::testing::RealFunction;
 using quindle::testing::RecorderState;
 using quindle::testing::RenderedText;
 using quindle::testing::RendererState;
@@ -39,10 +40,12 @@ void AddViolation(const char* what) {
   State().violations.emplace_back(what);
 }
 
+// Asks SDL itself, so that the question is not taken for the library's.
 SDL_Rect WholeWindow(SDL_Renderer* renderer) {
+  static auto* const get_size = RealFunction<void(SDL_Window*, int*, int*)>("SDL_GetWindowSize");
   SDL_Rect whole{0, 0, 0, 0};
   if (const RendererState* found = FindRenderer(renderer)) {
-    SDL_GetWindowSize(found->window, &whole.w, &whole.h);
+    get_size(found->window, &whole.w, &whole.h);
   }
   return whole;
 }
@@ -157,8 +160,9 @@ SDL_Window* SDL_CreateWindow(const char* title, int x, int y, int w, int h, Uint
   RecorderState& state = State();
   state.windows.push_back({window, 0, title == nullptr ? "" : title, x, y, w, h, flags, nullptr});
   if (window != nullptr) {
-    state.windows.back().id = SDL_GetWindowID(window);
-    state.alive_windows[window] = ++state.creations;
+    static auto* const get_id = RealFunction<Uint32(SDL_Window*)>("SDL_GetWindowID");
+    state.windows.back().id = get_id(window);
+    state.alive_windows[window] = {get_id(window), ++state.creations};
     state.calls.back().subject = window;
   }
   return window;
@@ -312,6 +316,12 @@ int SDL_SetRenderDrawBlendMode(SDL_Renderer* renderer, SDL_BlendMode mode) {
   return EnterCall(slot, renderer) ? -1 : real(renderer, mode);
 }
 
+QUINDLE_WRAP_SLOT(SDL_GetRenderDrawBlendMode, true)
+int SDL_GetRenderDrawBlendMode(SDL_Renderer* renderer, SDL_BlendMode* mode) {
+  QUINDLE_REAL(SDL_GetRenderDrawBlendMode);
+  return EnterCall(slot, renderer) ? -1 : real(renderer, mode);
+}
+
 QUINDLE_WRAP_SLOT(SDL_RenderSetClipRect, true)
 int SDL_RenderSetClipRect(SDL_Renderer* renderer, const SDL_Rect* rect) {
   QUINDLE_REAL(SDL_RenderSetClipRect);
@@ -428,6 +438,9 @@ int SDL_RenderCopy(SDL_Renderer* renderer, SDL_Texture* texture, const SDL_Rect*
     call.text = found->second->text;
     call.font = found->second->font;
     call.color = found->second->color;
+  }
+  if (State().draw_mode != DrawMode::Counted && source != nullptr) {
+    State().unpresented.draws.back().source = *source;
   }
   const bool fake = State().fake_textures.count(texture) != 0;
   return IsDrawing() && !fake ? real(renderer, texture, source, target) : 0;
