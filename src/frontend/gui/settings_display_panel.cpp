@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "frontend/gui/drawable_text.h"
 #include "frontend/gui/sdl_text_fit.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
 #include "frontend/gui/settings_page.h"
@@ -30,9 +31,10 @@ void DrawFontFileLabel(const RightPanelContext& ctx, int y, int right) {
     DrawNote(ctx, y, "(no file selected)");
     return;
   }
-  const std::string name = FitTextLeft(ctx.regular_font, utils::filename_from_path(path),
-                                       right - kGap - kSettingsContentX);
-  DrawText(ctx.renderer, ctx.regular_font, name, kSettingsContentX, y, kColTextMid);
+  const std::string name = DrawableText(utils::filename_from_path(path));
+  DrawText(ctx.renderer, ctx.regular_font,
+           FitTextLeft(ctx.regular_font, name, right - kGap - kSettingsContentX), kSettingsContentX,
+           y, kColTextMid);
 }
 
 void DrawCustomFontChoice(const RightPanelContext& ctx, int y, RightPanelHitResult* hit) {
