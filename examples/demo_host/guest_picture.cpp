@@ -1,9 +1,11 @@
 #include "guest_picture.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>
 #include <stdexcept>
+#include <string>
 
 namespace quindle::demo {
 namespace {
@@ -106,16 +108,19 @@ int FlatHalfHeight(int radius, int dx) {
   return static_cast<int>(std::lround(half / 1.2));
 }
 
+// Walked along both axes, so that neither the flat nor the steep parts have holes.
 void DrawCircle(SDL_Surface* canvas, int cx, int cy, int radius) {
-  int previous = 0;
   for (int dx = -radius; dx <= radius; ++dx) {
     const int half = FlatHalfHeight(radius, dx);
-    // Columns are joined, so that the steep sides have no holes.
-    const int run = std::max(1, std::abs(half - previous));
-    const int low = std::min(half, previous);
-    Fill(canvas, {cx + dx, cy - low - run, 1, run}, kWhite);
-    Fill(canvas, {cx + dx, cy + low, 1, run}, kWhite);
-    previous = half;
+    Plot(canvas, cx + dx, cy - half, kWhite);
+    Plot(canvas, cx + dx, cy + half, kWhite);
+  }
+  const int flat_radius = FlatHalfHeight(radius, 0);
+  for (int dy = -flat_radius; dy <= flat_radius; ++dy) {
+    const double rise = std::min<double>(radius, 1.2 * std::abs(dy));
+    const auto half = static_cast<int>(std::lround(std::sqrt(radius * radius - rise * rise)));
+    Plot(canvas, cx - half, cy + dy, kWhite);
+    Plot(canvas, cx + half, cy + dy, kWhite);
   }
 }
 

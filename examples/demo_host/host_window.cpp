@@ -189,7 +189,11 @@ void HostWindow::RunCommand(int index) {
   dialog_open_ = true;
   Draw();
   try {
-    result_text_ = command.ButtonLabel() + ": " + JsonLine(command.ShowInHost(session_));
+    Json result = command.ShowInHost(session_);
+    if (result.is_object()) {
+      result.erase("dialog");  // The label says it.
+    }
+    result_text_ = command.ButtonLabel() + ": " + JsonLine(result);
   } catch (const std::exception& error) {
     result_text_ = command.ButtonLabel() + " failed: " + error.what();
   }

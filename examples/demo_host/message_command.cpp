@@ -192,10 +192,10 @@ class MessageCommand : public DemoCommand {
   }
 
   Json ShowInHost(DemoSession& session) override {
-    SdlMessageBox::Config config = SampleConfig(
-        kTypes[next_type_].second, "Message box",
-        "The guest picture goes on while this box is open.\nEach press of the button shows "
-        "another type.");
+    SdlMessageBox::Config config =
+        SampleConfig(kTypes[next_type_].second, "Message box",
+                     "The guest picture goes on meanwhile.\nEach press of the button shows "
+                     "another type.");
     config.buttons = {
         {1, "Yes", true, false, {}}, {2, "No", false, false, {}}, {3, "Cancel", false, true, {}}};
     next_type_ = (next_type_ + 1) % kTypes.size();

@@ -154,6 +154,8 @@ void CheckOnly(const DemoCommands& commands, const TourOptions& options) {
 ExitStatus RunTour(const DemoCommands& commands, const TourOptions& options) {
   CheckOnly(commands, options);
   TourPictures pictures(std::filesystem::absolute(ResolveUserPath(options.folder)));
+  // Pictures are read after they were presented; other renderers do not keep them that long.
+  SDL_SetHintWithPriority(SDL_HINT_RENDER_DRIVER, "software", SDL_HINT_OVERRIDE);
   const SdlSession sdl(options.display ? VideoChoice::Display : VideoChoice::Memory);
   const TourSamples samples;
   HostWindow host(commands);

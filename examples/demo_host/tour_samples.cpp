@@ -60,16 +60,22 @@ void FillSamples(const fs::path& root) {
 
 }  // namespace
 
-TourSamples::TourSamples() : previous_(fs::current_path()), root_(MakeTemporaryFolder()) {
-  FillSamples(root_);
-  fs::create_directory_symlink(previous_ / "data", root_ / "data");
-  fs::current_path(root_);
+TourSamples::TemporaryFolder::TemporaryFolder() : path(MakeTemporaryFolder()) {}
+
+TourSamples::TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  fs::remove_all(path, ignored);
+}
+
+TourSamples::TourSamples() : previous_(fs::current_path()) {
+  FillSamples(root_.path);
+  fs::create_directory_symlink(previous_ / "data", root_.path / "data");
+  fs::current_path(root_.path);
 }
 
 TourSamples::~TourSamples() {
   std::error_code ignored;
   fs::current_path(previous_, ignored);
-  fs::remove_all(root_, ignored);
 }
 
 }  // namespace quindle::demo

@@ -20,8 +20,18 @@ class TourSamples {
   ~TourSamples();
 
  private:
+  // A folder that is removed with all it holds.
+  struct TemporaryFolder {
+    TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder();
+
+    std::filesystem::path path;
+  };
+
   std::filesystem::path previous_;
-  std::filesystem::path root_;
+  TemporaryFolder root_;
 };
 
 }  // namespace quindle::demo

@@ -1,0 +1,165 @@
+// The demo window on a real display, driven by a user's hands.
+
+#include <SDL.h>
+#include <SDL_image.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "command_table.h"
+#include "support/child_process.h"
+#include "support/temporary_directory.h"
+#include "support/wait_until.h"
+#include "support/x11_display.h"
+
+namespace quindle::demo {
+namespace {
+
+using testing::ChildProcess;
+using testing::ClickAt;
+using ::testing::HasSubstr;
+using testing::PressKey;
+using testing::ProgramResult;
+using testing::TemporaryDirectory;
+using testing::WaitForProgram;
+using testing::WaitForX11Focus;
+using testing::WaitForX11Window;
+using testing::WaitForX11WindowGone;
+using testing::X11WindowId;
+
+constexpr const char* kHostTitle = "Quindle demo host";
+constexpr const char* kBoxTitle = "Message box";
+// In the first button, and in the line of the result, of a window of 900 x 760 pixels.
+constexpr SDL_Point kFirstButton{40, 650};
+constexpr SDL_Rect kResultLine{12, 672, 876, 44};
+
+frontend::gui::OwnedSdlSurface Shoot(X11WindowId window) {
+  const TemporaryDirectory folder;
+  const std::string file = folder.path() / "window.png";
+  testing::SaveX11Screenshot(window, file);
+  const frontend::gui::OwnedSdlSurface picture(IMG_Load(file.c_str()));
+  return frontend::gui::OwnedSdlSurface(
+      SDL_ConvertSurfaceFormat(picture.get(), SDL_PIXELFORMAT_RGB24, 0));
+}
+
+std::string PixelsIn(X11WindowId window, const SDL_Rect& area) {
+  const frontend::gui::OwnedSdlSurface picture = Shoot(window);
+  std::string pixels;
+  for (int y = area.y; y < area.y + area.h; ++y) {
+    pixels.append(static_cast<const char*>(picture->pixels) + y * picture->pitch + 3 * area.x,
+                  static_cast<size_t>(3 * area.w));
+  }
+  return pixels;
+}
+
+// The lower half of the guest picture, which no message box covers.
+std::string GuestPixels(X11WindowId window) {
+  return PixelsIn(window, {60, 340, 780, 270});
+}
+
+class DemoWindow : public testing::X11DisplayTest {
+ protected:
+  void SetUp() override {
+    program_ = std::make_unique<ChildProcess>(std::vector<std::string>{QUINDLE_DEMO_PROGRAM});
+    host_ = WaitForX11Window(kHostTitle);
+    WaitForX11Focus(host_);
+  }
+
+  void ExpectAnimated() const {
+    const std::string before = GuestPixels(host_);
+    EXPECT_TRUE(testing::WaitUntil([&] { return GuestPixels(host_) != before; }));
+  }
+
+  void ExpectCleanEnd() {
+    const ProgramResult result = WaitForProgram(program_.get());
+    EXPECT_EQ(result.exit_status, 0) << result.err;
+  }
+
+  std::unique_ptr<ChildProcess> program_;
+  X11WindowId host_ = 0;
+};
+
+TEST_F(DemoWindow, ButtonOpensADialogWhileTheAnimationGoesOn) {
+  ExpectAnimated();
+  ClickAt(host_, kFirstButton.x, kFirstButton.y);
+  WaitForX11Focus(WaitForX11Window(kBoxTitle));
+  ExpectAnimated();
+  const std::string while_open = PixelsIn(host_, kResultLine);
+
+  PressKey("Escape");
+  WaitForX11WindowGone(kBoxTitle);
+  EXPECT_TRUE(testing::WaitUntil([&] { return PixelsIn(host_, kResultLine) != while_open; }));
+  ExpectAnimated();
+}
+
+TEST_F(DemoWindow, NumberKeyOpensADialog) {
+  PressKey("1");
+  WaitForX11Focus(WaitForX11Window(kBoxTitle));
+  PressKey("Escape");
+  WaitForX11WindowGone(kBoxTitle);
+  WaitForX11Focus(host_);
+}
+
+TEST_F(DemoWindow, ReleaseBesideTheButtonOpensNothing) {
+  testing::DragFromTo(host_, kFirstButton.x, kFirstButton.y, kFirstButton.x, 300);
+  // A dialog would take this close for its own, and the program would stay.
+  testing::CloseByWindowManager(host_);
+  ExpectCleanEnd();
+}
+
+TEST_F(DemoWindow, ClosingTheWindowEndsTheProgram) {
+  testing::CloseByWindowManager(host_);
+  ExpectCleanEnd();
+}
+
+TEST_F(DemoWindow, QuitDuringADialogEndsTheProgramToo) {
+  PressKey("1");
+  WaitForX11Focus(WaitForX11Window(kBoxTitle));
+  kill(program_->Id(), SIGTERM);  // SDL turns it into a quit event.
+  ExpectCleanEnd();
+}
+
+TEST_F(DemoWindow, EveryDialogOpensByItsKey) {
+  const size_t count = std::min<size_t>(MakeDemoCommands().size(), 10);
+  for (size_t i = 0; i < count; ++i) {
+    PressKey(std::string(1, "1234567890"[i]));
+    ASSERT_TRUE(testing::WaitUntil([&] { return testing::FocusedX11Window() != host_; })) << i;
+    PressKey("Escape");
+    WaitForX11Focus(host_);
+  }
+}
+
+class MessageProgram : public testing::X11DisplayTest {};
+
+TEST_F(MessageProgram, PrintsTheClickedButton) {
+  ChildProcess program({QUINDLE_DEMO_PROGRAM, "message", "--title", "Overwrite?", "--button",
+                        "1:Yes:default", "--button", "2:No:cancel"});
+  const X11WindowId box = WaitForX11Window("Overwrite?");
+  WaitForX11Focus(box);
+  const SDL_Rect size = testing::X11WindowGeometry(box);
+  ClickAt(box, size.w - 160, size.h - 36);
+  const ProgramResult result = WaitForProgram(&program);
+  EXPECT_EQ(result.exit_status, 0);
+  EXPECT_EQ(result.out,
+            "{\"dialog\":\"message\",\"accepted\":true,\"button\":1,\"label\":\"Yes\"}\n");
+  EXPECT_EQ(result.err, "");
+}
+
+TEST_F(MessageProgram, ClosedByTheWindowManagerIsCancelled) {
+  ChildProcess program({QUINDLE_DEMO_PROGRAM, "message", "--title", "Overwrite?"});
+  const X11WindowId box = WaitForX11Window("Overwrite?");
+  WaitForX11Focus(box);
+  testing::CloseByWindowManager(box);
+  const ProgramResult result = WaitForProgram(&program);
+  EXPECT_EQ(result.exit_status, 1);
+  EXPECT_THAT(result.out, HasSubstr("\"button\":null"));
+  EXPECT_EQ(result.err, "quindle_dialogs: cancelled\n");
+}
+
+}  // namespace
+}  // namespace quindle::demo
