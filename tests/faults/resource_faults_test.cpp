@@ -1,0 +1,127 @@
+// Every allocation and every file-system call is made to fail once, in every scenario.
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <cstdio>
+#include <filesystem>
+#include <new>
+#include <optional>
+#include <string>
+
+#include "faults/fault_scenarios.h"
+#include "faults/plain_interposers.h"
+#include "frontend/gui/sdl_ui_font_cache.h"
+
+namespace quindle::testing {
+namespace {
+
+enum class Ending { Normal, OutOfMemory, NoWorkingDirectory };
+
+class ResourceFaults : public ::testing::TestWithParam<FaultScenario> {
+ protected:
+  void SetUp() override {
+    ASSERT_EQ(SDL_Init(SDL_INIT_VIDEO), 0) << SDL_GetError();
+    samples_.emplace(std::filesystem::current_path());
+    parent_ = SDL_CreateWindow("Host", 100, 100, 640, 480, SDL_WINDOW_HIDDEN);
+    ASSERT_NE(parent_, nullptr);
+  }
+
+  void TearDown() override {
+    SDL_DestroyWindow(parent_);
+    samples_.reset();
+    SDL_Quit();
+  }
+
+  struct Outcome {
+    Ending ending = Ending::Normal;
+    bool ended = true;
+    long calls = 0;
+  };
+
+  // One run from a clean start; the `nth` call of `kind` fails (0: none).
+  Outcome Run(FaultKind kind, long nth) {
+    SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+    while (TTF_WasInit() != 0) {
+      TTF_Quit();
+    }
+    ForgetPointer();
+    const PlainCounts before = AliveNow();
+    Outcome outcome;
+    try {
+      ArmFault(kind, nth);
+      outcome.ended = PlayScenario(GetParam(), parent_, PointAtNewestWindow);
+    } catch (const std::bad_alloc&) {
+      outcome.ending = Ending::OutOfMemory;
+    } catch (const std::filesystem::filesystem_error&) {
+      outcome.ending = Ending::NoWorkingDirectory;
+    }
+    outcome.calls = DisarmFault();
+    frontend::gui::ShutdownSdlUiCachedFonts();
+    EXPECT_EQ(AliveNow(), before);
+    EXPECT_TRUE(outcome.ended) << "does not end";
+    return outcome;
+  }
+
+  void Report(const char* what, long tried, long raised) {
+    std::printf("%s: %ld %s made to fail, %ld of them raised\n", GetParam().name, tried, what,
+                raised);
+  }
+
+ private:
+  std::optional<FaultSamples> samples_;
+  SDL_Window* parent_ = nullptr;
+};
+
+TEST_P(ResourceFaults, EveryFailingAllocationEndsWell) {
+  // Twice, so that what is made once in a process is there in both kinds of run.
+  Run(FaultKind::Allocation, 0);
+  const long count = Run(FaultKind::Allocation, 0).calls;
+  ASSERT_GT(count, 0);
+  EXPECT_EQ(FramesPlayed(), GetParam().steps.size()) << "a step was not reached";
+  const long spared_before = SparedAllocations();
+  long raised = 0;
+  for (long nth = 1; nth <= count; ++nth) {
+    const Outcome outcome = Run(FaultKind::Allocation, nth);
+    EXPECT_GE(outcome.calls, nth) << "a fault that is never reached tests nothing";
+    EXPECT_NE(outcome.ending, Ending::NoWorkingDirectory);
+    raised += outcome.ending == Ending::OutOfMemory ? 1 : 0;
+    ASSERT_FALSE(HasFailure()) << "allocation " << nth << " of " << count;
+  }
+  const long spared = SparedAllocations() - spared_before;
+  // What is caught on the way out would be lost; a dialog has no use for half its memory.
+  EXPECT_EQ(raised, count - spared);
+  Report("allocations", count - spared, raised);
+  std::printf("  (and %ld inside the standard library's directory iterator, spared)\n", spared);
+}
+
+TEST_P(ResourceFaults, EveryFailingFileSystemCallEndsWell) {
+  const long count = Run(FaultKind::FileSystem, 0).calls;
+  long raised = 0;
+  for (long nth = 1; nth <= count; ++nth) {
+    const Outcome outcome = Run(FaultKind::FileSystem, nth);
+    // Without a start folder the folder picker and the screenshot dialog need the working
+    // directory; nothing else may raise.
+    const std::string name = GetParam().name;
+    const bool may_raise = name == "folder picker" || name == "screenshot dialog";
+    EXPECT_TRUE(outcome.ending == Ending::Normal ||
+                (may_raise && outcome.ending == Ending::NoWorkingDirectory));
+    raised += outcome.ending == Ending::Normal ? 0 : 1;
+    ASSERT_FALSE(HasFailure()) << "file-system call " << nth << " of " << count;
+  }
+  Report("file-system calls", count, raised);
+}
+
+std::string ParameterName(const ::testing::TestParamInfo<FaultScenario>& info) {
+  std::string name;
+  for (const char c : std::string(info.param.name)) {
+    name += std::isalnum(static_cast<unsigned char>(c)) != 0 ? c : '_';
+  }
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialogs, ResourceFaults, ::testing::ValuesIn(FaultScenarios()),
+                         ParameterName);
+
+}  // namespace
+}  // namespace quindle::testing
