@@ -48,7 +48,7 @@ class CallFaults : public DialogTest, public ::testing::WithParamInterface<Fault
   std::map<std::string, long> CountCalls() {
     Run([] {});
     EXPECT_EQ(Recorder().CallCount("SDL_CreateWindow"), GetParam().windows);
-    EXPECT_EQ(FramesPlayed(), GetParam().steps.size()) << "a step was not reached";
+    EXPECT_GE(FramesPlayed(), GetParam().steps.size()) << "a step was not reached";
     std::map<std::string, long> counts;
     for (const std::string& function : WrappedFunctions(true)) {
       counts[function] = Recorder().CallCount(function);
