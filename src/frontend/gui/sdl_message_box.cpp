@@ -414,12 +414,12 @@ MessageBoxTypeVisual VisualForMessageBoxType(SdlMessageBox::Type type) {
 
 SdlMessageBoxFonts OpenSdlMessageBoxFonts(float scale) {
   const int text_size = ScaledMetric(14, 14.0F, scale);
-  return {
-      OpenSdlUiFontHandle(IconFontSize(scale), true, SdlUiFontKind::Ui),
-      OpenSdlUiFontHandle(text_size, true, SdlUiFontKind::Ui),
-      OpenSdlUiFontHandle(text_size, false, SdlUiFontKind::Ui),
-      OpenSdlUiFontHandle(text_size, false, SdlUiFontKind::Ui),
-  };
+  SdlMessageBoxFonts fonts;
+  fonts.iconFont = OpenSdlUiFontHandle(IconFontSize(scale), true, SdlUiFontKind::Ui);
+  fonts.titleFont = OpenSdlUiFontHandle(text_size, true, SdlUiFontKind::Ui);
+  fonts.bodyFont = OpenSdlUiFontHandle(text_size, false, SdlUiFontKind::Ui);
+  fonts.buttonFont = OpenSdlUiFontHandle(text_size, false, SdlUiFontKind::Ui);
+  return fonts;
 }
 
 SdlMessageBoxLayout BuildSdlMessageBoxLayout(const SdlMessageBox::Config& config, float scale,
@@ -430,8 +430,8 @@ SdlMessageBoxLayout BuildSdlMessageBoxLayout(const SdlMessageBox::Config& config
   PlaceButtons(width, height, static_cast<int>(config.buttons.size()), &layout);
   PlacePanels(width, height, &layout);
   PlaceTexts(width, MeasureText(titleFont, config.title).height, &layout);
-  layout.lineH = std::max(14, MeasureText(bodyFont, "Ag").height);
   layout.lines = WrapMessage(bodyFont, config.message, layout.bodyW);
+  layout.lineH = std::max(14, MeasureText(bodyFont, "Ag").height);
   layout.contentHeight = ContentHeight(layout);
   layout.minHeight = MinHeight(config.height, scale);
   layout.targetHeight = std::max(layout.minHeight, layout.contentHeight);
