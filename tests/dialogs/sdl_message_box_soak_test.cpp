@@ -1,0 +1,92 @@
+// Two thousand message boxes in one process: nothing grows.
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "frontend/gui/sdl_message_box.h"
+#include "support/dialog_test.h"
+
+namespace quindle::testing {
+namespace {
+
+using namespace frontend::gui;  // NOLINT(google-build-using-namespace)
+
+constexpr int kBoxes = 2000;
+constexpr int kWarmUp = 200;
+
+// Sanitizers keep freed memory for a while, so that the process's size says nothing.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool kMemorySizeIsMeaningful = false;
+#else
+constexpr bool kMemorySizeIsMeaningful = true;
+#endif
+
+long CountDescriptors() {
+  const std::filesystem::directory_iterator descriptors("/proc/self/fd");
+  return static_cast<long>(std::distance(begin(descriptors), end(descriptors)));
+}
+
+// Resident memory in KiB.
+long ResidentMemory() {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with("VmRSS:")) {
+      return std::strtol(line.c_str() + 6, nullptr, 10);
+    }
+  }
+  return 0;
+}
+
+// One box of a changing type, ended in a changing way.
+int ShowBox(int number, SDL_Window* parent) {
+  SdlMessageBox::Config config;
+  config.message = "Box number " + std::to_string(number) + "\n\nwith a few words to wrap.";
+  config.type = static_cast<SdlMessageBox::Type>(number % 6);
+  config.buttons = {{1, "Yes", true, false, {}}, {2, "No", false, true, {}}};
+  int frame = 0;
+  SetModalDialogHeartbeat([&frame, number] {
+    if (++frame < 2) {
+      return;
+    }
+    if (number % 3 == 0) {
+      Quit();
+    } else {
+      KeyDown(SDLK_ESCAPE);
+    }
+  });
+  const int result = SdlMessageBox(config).Show(parent, 1.0F);
+  SetModalDialogHeartbeat({});
+  return result;
+}
+
+class MessageBoxSoak : public DialogTest {};
+
+TEST_F(MessageBoxSoak, NothingGrowsOverTwoThousandBoxes) {
+  SDL_Window* const parent = MakeParent();
+  long descriptors = 0;
+  long memory = 0;
+  for (int i = 0; i < kBoxes; ++i) {
+    if (i == kWarmUp) {
+      descriptors = CountDescriptors();
+      memory = ResidentMemory();
+    }
+    ASSERT_EQ(ShowBox(i, parent), i % 3 == 0 ? -1 : 2) << i;
+    FlushEvents();
+    ASSERT_EQ(Recorder().alive(), AliveCounts{}) << i;
+    Recorder().Reset();  // The recorder's own memory grows with what it has seen.
+  }
+  RecordProperty("resident_kib_after_200", std::to_string(memory));
+  RecordProperty("resident_kib_after_2000", std::to_string(ResidentMemory()));
+  EXPECT_EQ(CountDescriptors(), descriptors);
+  if (kMemorySizeIsMeaningful) {
+    EXPECT_LE(ResidentMemory(), memory + memory / 20);
+  }
+}
+
+}  // namespace
+}  // namespace quindle::testing
