@@ -20,14 +20,6 @@ struct ScannedEntries {
   std::vector<PickerEntry> files;
 };
 
-// The last component of a path that a directory iteration yielded. A path's filename() would build
-// a whole path object for each of what may be 100,000 rows.
-std::string NameOf(const fs::path& entry_path) {
-  const fs::path::string_type& native = entry_path.native();
-  const std::size_t separator = native.rfind(fs::path::preferred_separator);
-  return native.substr(separator == fs::path::string_type::npos ? 0 : separator + 1);
-}
-
 // The tests take the type that came with the directory and look at the file itself only for links
 // and for file systems that give no type. An entry whose status cannot be read is neither.
 void ScanEntry(const fs::directory_entry& entry, bool (*accept)(const fs::path&),
@@ -35,9 +27,9 @@ void ScanEntry(const fs::directory_entry& entry, bool (*accept)(const fs::path&)
   std::error_code error;
   const fs::path& path = entry.path();
   if (entry.is_directory(error)) {
-    found->directories.push_back(PickerEntry{NameOf(path), path, true});
+    found->directories.push_back(PickerEntry{path.filename().string(), path, true});
   } else if (accept != nullptr && !error && entry.is_regular_file(error) && accept(path)) {
-    found->files.push_back(PickerEntry{NameOf(path), path, false});
+    found->files.push_back(PickerEntry{path.filename().string(), path, false});
   }
 }
 

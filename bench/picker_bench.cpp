@@ -1,0 +1,186 @@
+// How long the pickers take to list a folder, to open and to draw a frame, whatever it holds.
+
+#include <SDL.h>
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "allocation_meter.h"
+#include "frame_meter.h"
+#include "frontend/gui/sdl_pickers.h"
+#include "support/temporary_directory.h"
+#include "utils/string_utils.h"
+
+namespace quindle::bench {
+namespace {
+
+namespace fs = std::filesystem;
+using frontend::gui::PickerEntry;
+using frontend::gui::SdlPickerDialogOptions;
+
+// A folder of `count` files, of which the floppy loader takes every other one.
+const fs::path& FolderOfFiles(int count) {
+  static std::map<int, std::unique_ptr<testing::TemporaryDirectory>> folders;
+  std::unique_ptr<testing::TemporaryDirectory>& folder = folders[count];
+  if (folder == nullptr) {
+    folder = std::make_unique<testing::TemporaryDirectory>();
+    for (int i = 0; i < count; ++i) {
+      char name[32];
+      std::snprintf(name, sizeof name, i % 2 == 0 ? "Disk %06d.IMG" : "notes %06d.txt", i);
+      folder->Write(name, "");
+    }
+  }
+  return folder->path();
+}
+
+// The least that any listing has to do: one pass with the type that came with the directory, one
+// lowered key for each accepted row, one sort of the keys. A picker's rows come on top.
+std::vector<std::string> FloorListing(const fs::path& dir) {
+  std::vector<std::string> keys;
+  std::error_code error;
+  for (fs::directory_iterator it(dir, error); !error && it != fs::directory_iterator();
+       it.increment(error)) {
+    if (it->is_regular_file(error) && frontend::gui::IsAllowedImagePickerEntry(it->path())) {
+      keys.push_back(utils::ascii_to_lower(it->path().filename().native()));
+    }
+  }
+  std::sort(keys.begin(), keys.end());
+  return keys;
+}
+
+std::vector<PickerEntry> PickerListing(const fs::path& dir) {
+  return frontend::gui::ReadFilteredPickerEntries(dir, frontend::gui::IsAllowedImagePickerEntry);
+}
+
+// Processor time of this thread, which other programs of the machine do not disturb.
+Seconds CpuTime() {
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+// Without the time that the release of the result takes.
+template <typename Work>
+Seconds TimeOf(Work work) {
+  const Seconds start = CpuTime();
+  const auto result = work();
+  const Seconds time = CpuTime() - start;
+  benchmark::DoNotOptimize(result.size());
+  return time;
+}
+
+void ListingAgainstFloor(benchmark::State& state) {
+  const fs::path& dir = FolderOfFiles(static_cast<int>(state.range(0)));
+  std::vector<Seconds> floor;
+  std::vector<Seconds> picker;
+  for (auto _ : state) {
+    floor.push_back(TimeOf([&] { return FloorListing(dir); }));
+    picker.push_back(TimeOf([&] { return PickerListing(dir); }));
+    state.SetIterationTime(picker.back().count());
+  }
+  state.counters["floor_ms"] = 1000.0 * Median(floor).count();
+  state.counters["ratio"] = Median(picker) / Median(floor);
+  state.counters["limit"] = 1.3;
+}
+BENCHMARK(ListingAgainstFloor)
+    ->Name("Pickers/ListingAgainstFloor")
+    ->Arg(100000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(15);
+
+void BytesPerRow(benchmark::State& state) {
+  const fs::path& dir = FolderOfFiles(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    const std::size_t before = AllocatedBytes();
+    ResetPeakAllocatedBytes();
+    const std::vector<PickerEntry> rows = PickerListing(dir);
+    const auto count = static_cast<double>(rows.size());
+    state.counters["bytes_per_row"] = static_cast<double>(AllocatedBytes() - before) / count;
+    state.counters["peak_per_row"] = static_cast<double>(PeakAllocatedBytes() - before) / count;
+  }
+  state.counters["limit"] = 400;
+}
+BENCHMARK(BytesPerRow)->Name("Pickers/BytesPerRow")->Arg(100000)->Iterations(1);
+
+// The rows that LoadManyRows hands to the dialog; a loader is a plain function.
+int g_row_count = 0;
+
+std::vector<PickerEntry> LoadManyRows(const fs::path& dir) {
+  std::vector<PickerEntry> rows;
+  for (int i = 0; i < g_row_count; ++i) {
+    const std::string name = "Disk " + std::to_string(100000 + i) + ".IMG";
+    rows.push_back(PickerEntry{name, dir / name, false});
+  }
+  return rows;
+}
+
+SdlPickerDialogOptions OptionsWithRows(int count) {
+  g_row_count = count;
+  SdlPickerDialogOptions options;
+  options.title = "Benchmark";
+  options.hint = "Select floppy image (*.ima, *.img)";
+  options.start_dir = "/";
+  options.load_entries = LoadManyRows;
+  options.accept_label = "Open";
+  options.cancel_label = "Cancel";
+  return options;
+}
+
+Seconds MedianFrame(int row_count) {
+  const SdlPickerDialogOptions options = OptionsWithRows(row_count);
+  std::vector<Seconds> times =
+      TimeFrames(60, [&options] { frontend::gui::RunSimplePickerDialog(nullptr, options); });
+  times.erase(times.begin());  // Opening.
+  return Median(std::move(times));
+}
+
+void FrameOfManyRowsAgainstFew(benchmark::State& state) {
+  std::vector<Seconds> few;
+  std::vector<Seconds> many;
+  for (auto _ : state) {
+    few.push_back(MedianFrame(30));
+    many.push_back(MedianFrame(static_cast<int>(state.range(0))));
+    state.SetIterationTime(many.back().count());
+  }
+  state.counters["frame_of_30_ms"] = 1000.0 * Median(few).count();
+  state.counters["ratio"] = Median(many) / Median(few);
+  state.counters["limit"] = 1.5;
+}
+BENCHMARK(FrameOfManyRowsAgainstFew)
+    ->Name("Pickers/FrameOfManyRowsAgainst30")
+    ->Arg(100000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(5);
+
+// From the call to the end of the first frame, which is on the screen then.
+void OpenToFirstPresent(benchmark::State& state) {
+  const std::string dir = FolderOfFiles(static_cast<int>(state.range(0))).string();
+  for (auto _ : state) {
+    const std::vector<Seconds> times =
+        TimeFrames(1, [&dir] { frontend::gui::ShowSimpleFloppyFilePicker(nullptr, dir); });
+    state.SetIterationTime(times.front().count());
+  }
+}
+BENCHMARK(OpenToFirstPresent)
+    ->Name("Pickers/OpenToFirstPresent")
+    ->Arg(50)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace quindle::bench
