@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <ctime>
 #include <utility>
 
 #include "frontend/gui/sdl_modal_runtime.h"
@@ -11,23 +12,21 @@
 namespace quindle::bench {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 struct FrameTimes {
-  Clock::time_point started;
+  Seconds started{};
   std::vector<Seconds> times;
   bool in_frame = false;
 };
 FrameTimes g_frames;
 
 void StartFrame() {
-  g_frames.started = Clock::now();
+  g_frames.started = ProcessorTime();
   g_frames.in_frame = true;
 }
 
 void EndFrame() {
   if (g_frames.in_frame) {
-    g_frames.times.push_back(Clock::now() - g_frames.started);
+    g_frames.times.push_back(ProcessorTime() - g_frames.started);
     g_frames.in_frame = false;
   }
 }
@@ -39,6 +38,12 @@ void Quit() {
 }
 
 }  // namespace
+
+Seconds ProcessorTime() {
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
 
 std::vector<Seconds> TimeFrames(int frame_count, const std::function<void()>& show,
                                 const std::function<void(int)>& on_frame) {

@@ -1,7 +1,8 @@
 #pragma once
 
 // Times a dialog's frames: from the heartbeat, with which each frame begins, to the pause at its
-// end. The pause itself is left out; this program's SDL_Delay does not sleep.
+// end. The pause itself is left out; this program's SDL_Delay does not sleep. All times are
+// processor time, so that what else the machine does leaves ratios alone.
 
 #include <chrono>
 #include <functional>
@@ -10,6 +11,9 @@
 namespace quindle::bench {
 
 using Seconds = std::chrono::duration<double>;
+
+// Processor time of the calling thread, the system's work for it included.
+Seconds ProcessorTime();
 
 // Runs `show`, which blocks until its dialog ends, and returns the times of its frames. Before the
 // frame with the index `frame_count` the dialog is told to quit; `on_frame`, when there is one, is

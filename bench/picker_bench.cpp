@@ -4,10 +4,8 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstddef>
 #include <cstdio>
-#include <ctime>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -63,19 +61,12 @@ std::vector<PickerEntry> PickerListing(const fs::path& dir) {
   return frontend::gui::ReadFilteredPickerEntries(dir, frontend::gui::IsAllowedImagePickerEntry);
 }
 
-// Processor time of this thread, which other programs of the machine do not disturb.
-Seconds CpuTime() {
-  timespec time{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-  return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
-}
-
 // Without the time that the release of the result takes.
 template <typename Work>
 Seconds TimeOf(Work work) {
-  const Seconds start = CpuTime();
+  const Seconds start = ProcessorTime();
   const auto result = work();
-  const Seconds time = CpuTime() - start;
+  const Seconds time = ProcessorTime() - start;
   benchmark::DoNotOptimize(result.size());
   return time;
 }
@@ -114,20 +105,23 @@ void BytesPerRow(benchmark::State& state) {
 }
 BENCHMARK(BytesPerRow)->Name("Pickers/BytesPerRow")->Arg(100000)->Iterations(1);
 
-// The rows that LoadManyRows hands to the dialog; a loader is a plain function.
+// What LoadManyRows hands to the dialog; a loader is a plain function.
 int g_row_count = 0;
+std::size_t g_name_length = 0;  // Bytes, when the names are to be longer than they are anyway.
 
 std::vector<PickerEntry> LoadManyRows(const fs::path& dir) {
   std::vector<PickerEntry> rows;
   for (int i = 0; i < g_row_count; ++i) {
-    const std::string name = "Disk " + std::to_string(100000 + i) + ".IMG";
+    std::string name = "Disk " + std::to_string(100000 + i);
+    name.append(std::max(g_name_length, name.size()) - name.size(), 'a' + i % 26);
     rows.push_back(PickerEntry{name, dir / name, false});
   }
   return rows;
 }
 
-SdlPickerDialogOptions OptionsWithRows(int count) {
+SdlPickerDialogOptions OptionsWithRows(int count, std::size_t name_length) {
   g_row_count = count;
+  g_name_length = name_length;
   SdlPickerDialogOptions options;
   options.title = "Benchmark";
   options.hint = "Select floppy image (*.ima, *.img)";
@@ -138,8 +132,8 @@ SdlPickerDialogOptions OptionsWithRows(int count) {
   return options;
 }
 
-Seconds MedianFrame(int row_count) {
-  const SdlPickerDialogOptions options = OptionsWithRows(row_count);
+Seconds MedianFrame(int row_count, std::size_t name_length = 0) {
+  const SdlPickerDialogOptions options = OptionsWithRows(row_count, name_length);
   std::vector<Seconds> times =
       TimeFrames(60, [&options] { frontend::gui::RunSimplePickerDialog(nullptr, options); });
   times.erase(times.begin());  // Opening.
@@ -165,7 +159,28 @@ BENCHMARK(FrameOfManyRowsAgainstFew)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(5);
 
-// From the call to the end of the first frame, which is on the screen then.
+// Names that have to be cut against names that nearly fill the row: the measuring may not cost more
+// than the drawing.
+void FrameOfCutNamesAgainstFull(benchmark::State& state) {
+  std::vector<Seconds> full;
+  std::vector<Seconds> cut;
+  for (auto _ : state) {
+    full.push_back(MedianFrame(30, 70));
+    cut.push_back(MedianFrame(30, 255));
+    state.SetIterationTime(cut.back().count());
+  }
+  state.counters["frame_of_full_ms"] = 1000.0 * Median(full).count();
+  state.counters["ratio"] = Median(cut) / Median(full);
+  state.counters["limit"] = 2;
+}
+BENCHMARK(FrameOfCutNamesAgainstFull)
+    ->Name("Pickers/FrameOfCutNamesAgainstFull")
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(5);
+
+// From the call to the end of the first frame, which is on the screen then; the folder is in the
+// system's cache.
 void OpenToFirstPresent(benchmark::State& state) {
   const std::string dir = FolderOfFiles(static_cast<int>(state.range(0))).string();
   for (auto _ : state) {
