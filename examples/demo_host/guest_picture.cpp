@@ -37,32 +37,45 @@ SDL_Color Hue(double turn) {
   return {channel(0.0), channel(1.0 / 3.0), channel(2.0 / 3.0), 255};
 }
 
-std::array<SDL_Color, 256> MakePalette() {
-  std::array<SDL_Color, 256> palette{};
+using Palette = std::array<SDL_Color, 256>;
+
+// Fills `count` colours from `first`; `colour` gives them for 0 (the first) to 1 (the last).
+template <typename Colour>
+void FillRamp(Palette* palette, int first, int count, Colour colour) {
+  for (int i = 0; i < count; ++i) {
+    palette->at(static_cast<unsigned>(first + i)) = colour(i / (count - 1.0));
+  }
+}
+
+SDL_Color Grey(double t) {
+  return {Level(t), Level(t), Level(t), 255};
+}
+
+SDL_Color Sky(double t) {
+  return {Level(0.05 + 0.25 * t), Level(0.09 + 0.35 * t), Level(0.2 + 0.4 * t), 255};
+}
+
+// White, yellow, cyan, green, magenta, red, blue, black.
+SDL_Color Bar(unsigned bar) {
+  const auto channel = [bits = 7 - bar](unsigned bit) {
+    return static_cast<Uint8>((bits & bit) != 0 ? 191 : 0);
+  };
+  return {channel(2), channel(4), channel(1), 255};
+}
+
+Palette MakePalette() {
+  Palette palette{};
   palette.fill({0, 0, 0, 255});
   palette[kWhite] = {255, 255, 255, 255};
   palette[kGrid] = {92, 104, 124, 255};
   palette[kBall] = {214, 48, 49, 255};
   palette[kBallLight] = {255, 214, 200, 255};
   for (unsigned bar = 0; bar < 8; ++bar) {
-    const unsigned bits = 7 - bar;  // White, yellow, cyan, green, magenta, red, blue, black.
-    const auto channel = [bits](unsigned bit) {
-      return static_cast<Uint8>((bits & bit) != 0 ? 191 : 0);
-    };
-    palette[kFirstBar + bar] = {channel(2), channel(4), channel(1), 255};
+    palette[kFirstBar + bar] = Bar(bar);
   }
-  for (int i = 0; i < kGreys; ++i) {
-    const Uint8 grey = Level(i / (kGreys - 1.0));
-    palette[static_cast<size_t>(kGreyRamp + i)] = {grey, grey, grey, 255};
-  }
-  for (int i = 0; i < kBlues; ++i) {
-    const double t = i / (kBlues - 1.0);
-    palette[static_cast<size_t>(kSkyRamp + i)] = {Level(0.05 + 0.25 * t), Level(0.09 + 0.35 * t),
-                                                  Level(0.2 + 0.4 * t), 255};
-  }
-  for (int i = 0; i < kHues; ++i) {
-    palette[static_cast<size_t>(kHueWheel + i)] = Hue(i / static_cast<double>(kHues));
-  }
+  FillRamp(&palette, kGreyRamp, kGreys, &Grey);
+  FillRamp(&palette, kSkyRamp, kBlues, &Sky);
+  FillRamp(&palette, kHueWheel, kHues, [](double t) { return Hue(t * (kHues - 1) / kHues); });
   return palette;
 }
 
@@ -175,7 +188,7 @@ void DrawCorners(SDL_Surface* canvas) {
 
 GuestPicture::GuestPicture()
     : canvas_(SDL_CreateRGBSurfaceWithFormat(0, kWidth, kHeight, 8, SDL_PIXELFORMAT_INDEX8)) {
-  const std::array<SDL_Color, 256> palette = MakePalette();
+  const Palette palette = MakePalette();
   if (canvas_ == nullptr ||
       SDL_SetPaletteColors(canvas_->format->palette, palette.data(), 0, 256) != 0) {
     throw std::runtime_error(std::string("cannot make the guest picture: ") + SDL_GetError());
