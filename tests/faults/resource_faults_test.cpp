@@ -10,8 +10,9 @@
 #include <string>
 
 #include "faults/fault_scenarios.h"
-#include "faults/plain_interposers.h"
+#include "faults/resource_interposers.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
+#include "support/plain_interposers.h"
 
 namespace quindle::testing {
 namespace {
@@ -47,6 +48,7 @@ class ResourceFaults : public ::testing::TestWithParam<FaultScenario> {
     }
     ForgetPointer();
     const PlainCounts before = AliveNow();
+    const long descriptors_before = OpenDescriptors();
     Outcome outcome;
     try {
       ArmFault(kind, nth);
@@ -59,6 +61,7 @@ class ResourceFaults : public ::testing::TestWithParam<FaultScenario> {
     outcome.calls = DisarmFault();
     frontend::gui::ShutdownSdlUiCachedFonts();
     EXPECT_EQ(AliveNow(), before);
+    EXPECT_EQ(OpenDescriptors(), descriptors_before);
     EXPECT_TRUE(outcome.ended) << "does not end";
     return outcome;
   }

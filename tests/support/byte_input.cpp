@@ -1,0 +1,139 @@
+#include "support/byte_input.h"
+
+#include "support/plain_interposers.h"
+
+namespace quindle::testing {
+namespace {
+
+constexpr SDL_Keycode kKeys[] = {
+    SDLK_UP, SDLK_DOWN, SDLK_RETURN, SDLK_KP_ENTER, SDLK_TAB, SDLK_BACKSPACE, SDLK_SPACE, SDLK_a,
+};
+constexpr const char* kTexts[] = {"7", "12a4", "a/b", ".img", "\xC3\xA4", "x", "\xFF", " "};
+
+// A little wider than the widest dialog, so that what lies outside is hit as well.
+int PositionX(const std::uint8_t* bytes) {
+  return (bytes[1] + 256 * (bytes[2] & 3)) % 940 - 20;
+}
+
+int PositionY(const std::uint8_t* bytes) {
+  return (bytes[3] + 256 * (bytes[4] & 3)) % 600 - 20;
+}
+
+// Mostly the dialog's own window, sometimes none and sometimes another.
+Uint32 WindowIdFrom(std::uint8_t byte) {
+  switch (byte >> 5) {
+    case 0:
+      return 0;
+    case 1:
+      return 4711;
+    default:
+      return NewestWindowId();
+  }
+}
+
+SDL_Event ButtonEvent(Uint32 type, const std::uint8_t* bytes) {
+  SDL_Event event{};
+  event.type = type;
+  event.button.windowID = WindowIdFrom(bytes[4]);
+  event.button.button = (bytes[2] & 0x80) != 0 ? SDL_BUTTON_RIGHT : SDL_BUTTON_LEFT;
+  event.button.clicks = static_cast<Uint8>(1 + (bytes[2] >> 6 & 1));
+  event.button.x = PositionX(bytes);
+  event.button.y = PositionY(bytes);
+  return event;
+}
+
+SDL_Event KeyEvent(SDL_Keycode key, const std::uint8_t* bytes) {
+  SDL_Event event{};
+  event.type = SDL_KEYDOWN;
+  event.key.windowID = WindowIdFrom(bytes[4]);
+  event.key.keysym.sym = key;
+  return event;
+}
+
+SDL_Event TextEvent(const std::uint8_t* bytes) {
+  SDL_Event event{};
+  event.type = SDL_TEXTINPUT;
+  SDL_strlcpy(event.text.text, kTexts[bytes[1] % SDL_arraysize(kTexts)], sizeof(event.text.text));
+  return event;
+}
+
+SDL_Event MotionEvent(const std::uint8_t* bytes) {
+  SDL_Event event{};
+  event.type = SDL_MOUSEMOTION;
+  event.motion.windowID = WindowIdFrom(bytes[4]);
+  event.motion.x = PositionX(bytes);
+  event.motion.y = PositionY(bytes);
+  return event;
+}
+
+SDL_Event WheelEvent(const std::uint8_t* bytes) {
+  SDL_Event event{};
+  event.type = SDL_MOUSEWHEEL;
+  event.wheel.windowID = WindowIdFrom(bytes[4]);
+  event.wheel.y = static_cast<std::int8_t>(bytes[1]);
+  return event;
+}
+
+SDL_Event WindowEvent(const std::uint8_t* bytes) {
+  SDL_Event event{};
+  event.type = SDL_WINDOWEVENT;
+  event.window.windowID = WindowIdFrom(bytes[4]);
+  event.window.event = (bytes[1] & 1) != 0 ? SDL_WINDOWEVENT_RESIZED : SDL_WINDOWEVENT_EXPOSED;
+  return event;
+}
+
+// Endings are rare, or no input would get far.
+SDL_Event RareEvent(const std::uint8_t* bytes) {
+  SDL_Event event{};
+  switch (bytes[1]) {
+    case 0:
+      event.type = SDL_QUIT;
+      return event;
+    case 1:
+      event = WindowEvent(bytes);
+      event.window.event = SDL_WINDOWEVENT_CLOSE;
+      return event;
+    case 2:
+      return KeyEvent(SDLK_ESCAPE, bytes);
+    default:
+      return WindowEvent(bytes);
+  }
+}
+
+SDL_Event EventFrom(const std::uint8_t* bytes) {
+  switch (bytes[0] % 16) {
+    case 0:
+    case 1:
+    case 2:
+      return KeyEvent(kKeys[bytes[1] % SDL_arraysize(kKeys)], bytes);
+    case 3:
+    case 4:
+      return TextEvent(bytes);
+    case 5:
+    case 6:
+    case 7:
+      return ButtonEvent(SDL_MOUSEBUTTONDOWN, bytes);
+    case 8:
+    case 9:
+    case 10:
+      return ButtonEvent(SDL_MOUSEBUTTONUP, bytes);
+    case 11:
+    case 12:
+      return MotionEvent(bytes);
+    case 13:
+    case 14:
+      return WheelEvent(bytes);
+    default:
+      return RareEvent(bytes);
+  }
+}
+
+}  // namespace
+
+void PushEventFromBytes(const std::uint8_t* bytes) {
+  SDL_Event event = EventFrom(bytes);
+  PointAtNewestWindow(PositionX(bytes), PositionY(bytes), (bytes[0] & 0x80) != 0);
+  SDL_PushEvent(&event);
+}
+
+}  // namespace quindle::testing
