@@ -58,7 +58,8 @@ const char* DefaultMessage(ExitStatus status) {
 }
 
 int ReportOutcome(const CommandOutcome& outcome) {
-  if (outcome.status != ExitStatus::NothingShown && outcome.status != ExitStatus::WrongUsage) {
+  if (!outcome.result.is_null() && outcome.status != ExitStatus::NothingShown &&
+      outcome.status != ExitStatus::WrongUsage) {
     PrintJsonLine(outcome.result);
   }
   if (outcome.status != ExitStatus::Accepted) {

@@ -1,7 +1,10 @@
 #include "command_table.h"
 
 // One line for each dialog: X(Name) stands for MakeNameCommand(). See demo_command.h.
-#define QUINDLE_DEMO_COMMANDS(X) X(Message) X(About)
+#define QUINDLE_DEMO_COMMANDS(X) \
+  X(Message)                     \
+  X(Settings)                    \
+  X(About)
 
 namespace quindle::demo {
 

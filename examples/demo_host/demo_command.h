@@ -47,7 +47,7 @@ class UsageError : public std::runtime_error {
 // What became of one subcommand.
 struct CommandOutcome {
   ExitStatus status = ExitStatus::Cancelled;
-  Json result;          // Printed as one line on stdout, unless nothing could be shown.
+  Json result;          // Printed as one line on stdout, unless null or nothing could be shown.
   std::string message;  // One line for stderr; empty: a line that fits the status.
 };
 

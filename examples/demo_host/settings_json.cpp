@@ -119,6 +119,14 @@ class TemporaryFile {
   std::filesystem::path path_;
 };
 
+std::string FileContents(const std::filesystem::path& path, const SettingsDialogValues& values) {
+  try {
+    return SettingsToJson(values).dump() + "\n";
+  } catch (const nlohmann::json::type_error&) {
+    throw SettingsFileError(path.string() + ": a file name that is not UTF-8 cannot be saved");
+  }
+}
+
 }  // namespace
 
 nlohmann::ordered_json SettingsToJson(const SettingsDialogValues& values) {
@@ -127,9 +135,10 @@ nlohmann::ordered_json SettingsToJson(const SettingsDialogValues& values) {
   return json;
 }
 
-std::string SettingsToLine(const SettingsDialogValues& values) {
-  return SettingsToJson(values).dump(-1, ' ', false,
-                                     nlohmann::ordered_json::error_handler_t::replace);
+SettingsDialogValues DefaultSettings() {
+  SettingsDialogValues values;
+  values.target_fps = 50;
+  return values;
 }
 
 SettingsDialogValues SettingsFromJson(const nlohmann::json& json) {
@@ -137,7 +146,7 @@ SettingsDialogValues SettingsFromJson(const nlohmann::json& json) {
     throw SettingsFileError("the settings must be one JSON object");
   }
   RejectUnknownKeys(json);
-  SettingsDialogValues values;
+  SettingsDialogValues values = DefaultSettings();
   VisitSettings(values, [&json](const char* key, auto& field) {
     if (const auto value = json.find(key); value != json.end()) {
       ReadValue(key, *value, &field);
@@ -159,7 +168,7 @@ void WriteSettingsFile(const std::filesystem::path& path, const SettingsDialogVa
   std::filesystem::path temporary_path = path;
   temporary_path += "." + std::to_string(getpid()) + ".tmp";
   const TemporaryFile temporary(temporary_path);
-  if (!temporary.Write(SettingsToLine(values) + "\n") || !temporary.MoveTo(path)) {
+  if (!temporary.Write(FileContents(path, values)) || !temporary.MoveTo(path)) {
     throw SettingsFileError(path.string() + ": cannot write it");
   }
 }

@@ -21,11 +21,11 @@ class SettingsFileError : public std::runtime_error {
 // The object of `values`, in the order of the fields.
 nlohmann::ordered_json SettingsToJson(const frontend::gui::SettingsDialogValues& values);
 
-// `values` as one line of text without a line feed. Bytes of a file name that are no UTF-8 become
-// replacement characters, as JSON cannot hold them.
-std::string SettingsToLine(const frontend::gui::SettingsDialogValues& values);
+// What the demo host starts with: the library's defaults, and 50 pictures a second.
+frontend::gui::SettingsDialogValues DefaultSettings();
 
-// The values of an object; a missing key keeps its default. Throws SettingsFileError for anything
+// The values of an object; a missing key keeps its value of
+// DefaultSettings. Throws SettingsFileError for anything
 // but an object, for an unknown key, and for a value of the wrong type or beyond its type's range.
 frontend::gui::SettingsDialogValues SettingsFromJson(const nlohmann::json& json);
 

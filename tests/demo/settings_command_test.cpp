@@ -1,0 +1,260 @@
+// The program run in this process, the settings dialog driven through the heartbeat.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "command_line.h"
+#include "command_table.h"
+#include "frontend/gui/sdl_ui_font_cache.h"
+#include "frontend/gui/settings_dialog.h"
+#include "support/dialog_test.h"
+
+namespace quindle::demo {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::DialogScript;
+using testing::DialogTest;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using testing::Recorder;
+using testing::TemporaryDirectory;
+
+struct Ended {
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+Ended RunProgramWith(std::vector<std::string> arguments) {
+  std::vector<const char*> pointers{"quindle_dialogs", "settings"};
+  for (const std::string& argument : arguments) {
+    pointers.push_back(argument.c_str());
+  }
+  ::testing::internal::CaptureStdout();
+  ::testing::internal::CaptureStderr();
+  Ended ended;
+  ended.status = RunDemo(static_cast<int>(pointers.size()), pointers.data());
+  ended.out = ::testing::internal::GetCapturedStdout();
+  ended.err = ::testing::internal::GetCapturedStderr();
+  return ended;
+}
+
+std::string Contents(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string Line(int fps, const char* renderer) {
+  return "{\"target_fps\":" + std::to_string(fps) + R"(,"font_mode":"pixel","renderer_mode":")" +
+         renderer +
+         R"(","cpu_mhz":30.0,"mouse_capture_gain":1.0,"allow_mouse_capture_in_text_mode":false,)"
+         R"("hdd_sounds_enabled":false,"hdd_sounds_volume":0.5,"custom_font_path":"",)"
+         R"("screenshot_capture_with_opengl_shaders":false,"screenshot_capture_size_mode":1})"
+         "\n";
+}
+
+void Press(int x, int y) {
+  testing::MouseDown(x, y, SDL_BUTTON_LEFT, 1, testing::WindowId());
+}
+void PressApply() {
+  Press(760, 460);
+}
+void PressRow(int row) {
+  Press(100, 10 + 30 * row + 15);
+}
+// Clicks into a page at a distance below the top of its content.
+void ClickPage(int below_top) {
+  const auto bold = frontend::gui::OpenSdlUiFontHandle(15, true, frontend::gui::SdlUiFontKind::Ui);
+  const auto regular =
+      frontend::gui::OpenSdlUiFontHandle(15, false, frontend::gui::SdlUiFontKind::Ui);
+  const int top = 46 + TTF_FontHeight(bold.get()) + TTF_FontHeight(regular.get());
+  Recorder().SetPointer(Recorder().newest_window(), 300, top + below_top);
+  Press(300, top + below_top);
+}
+void Escape() {
+  testing::KeyDown(SDLK_ESCAPE, testing::WindowId());
+}
+
+class SettingsCommand : public DialogTest {
+ protected:
+  fs::path File(const char* name) const { return folder_.path() / name; }
+
+ private:
+  TemporaryDirectory folder_;
+};
+
+TEST_F(SettingsCommand, PrintsALineForEachApplyAtOnce) {
+  DialogScript script;
+  script.Wait()
+      .Step(&PressApply)
+      .Step([] { PressRow(2); })
+      .Step([] { ClickPage(0); })
+      .Step(&PressApply)
+      .Step([] { PressRow(3); })
+      .Step([] { ClickPage(34); })
+      .Step(&Escape);
+  const Ended ended = RunProgramWith({});
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.out, Line(50, "hardware") + Line(25, "hardware"));
+  EXPECT_EQ(ended.err, "");
+}
+
+TEST_F(SettingsCommand, ClosedWithoutApplyIsCancelledAndSavesNothing) {
+  DialogScript script;
+  script.Wait().Step([] { PressRow(2); }).Step([] { ClickPage(0); }).Step(&Escape);
+  const Ended ended = RunProgramWith({"--save", File("out.json")});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.out, "");
+  EXPECT_EQ(ended.err, "quindle_dialogs: cancelled\n");
+  EXPECT_FALSE(fs::exists(File("out.json")));
+}
+
+TEST_F(SettingsCommand, StartsFromAFileAndSavesWhatWasAppliedLast) {
+  std::ofstream(File("in.json")) << R"({"renderer_mode": "software", "target_fps": 30})";
+  DialogScript script;
+  script.Wait()
+      .Step([] { PressRow(2); })
+      .Step(&PressApply)
+      .Step([] { ClickPage(102); })
+      .Step([this] {
+        EXPECT_EQ(Contents(File("in.json")), Line(30, "software"));  // Saved at once.
+        PressApply();
+      })
+      .Step([] { ClickPage(34 * 2); })
+      .Step(&Escape);
+  const Ended ended = RunProgramWith({"--from", File("in.json"), "--save", File("in.json")});
+  EXPECT_EQ(ended.status, 0) << ended.err;
+  EXPECT_EQ(ended.out, Line(30, "software") + Line(60, "software"));
+  EXPECT_EQ(Contents(File("in.json")), Line(60, "software"));
+}
+
+TEST_F(SettingsCommand, WrongFilesAreWrongUsage) {
+  struct Case {
+    const char* contents;
+    const char* message;
+  };
+  for (const Case& c : {Case{R"({"fps": 50})", "unknown key \"fps\""},
+                        Case{R"({"target_fps": "50"})", "\"target_fps\" must be a whole number"},
+                        Case{"{", "no valid JSON"}}) {
+    std::ofstream(File("in.json")) << c.contents;
+    const Ended ended = RunProgramWith({"--from", File("in.json")});
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.out, "");
+    EXPECT_THAT(ended.err, HasSubstr("--from " + File("in.json").string() + ": "));
+    EXPECT_THAT(ended.err, HasSubstr(c.message));
+  }
+  const Ended ended = RunProgramWith({"--from", File("none.json")});
+  EXPECT_EQ(ended.status, 2);
+  EXPECT_THAT(ended.err, HasSubstr("none.json: cannot open it"));
+  EXPECT_THAT(Recorder().windows(), IsEmpty());
+}
+
+TEST_F(SettingsCommand, FileThatCannotBeSavedEndsTheProgramWithAFailure) {
+  DialogScript script;
+  script.Wait().Step(&PressApply);
+  const Ended ended = RunProgramWith({"--save", File("none") / "out.json"});
+  EXPECT_EQ(ended.status, 4);
+  EXPECT_EQ(ended.out, Line(50, "hardware"));
+  EXPECT_THAT(ended.err, HasSubstr("out.json: cannot write it"));
+}
+
+TEST_F(SettingsCommand, WithoutAFontNothingIsShown) {
+  Recorder().HideAllFonts();
+  const Ended ended = RunProgramWith({});
+  EXPECT_EQ(ended.status, 3);
+  EXPECT_EQ(ended.out, "");
+}
+
+// --- In the demo window --------------------------------------------------------------------------
+
+DemoCommand* FindSettings(const DemoCommands& commands) {
+  for (const auto& command : commands) {
+    if (command->Name() == "settings") {
+      return command.get();
+    }
+  }
+  return nullptr;
+}
+
+TEST_F(SettingsCommand, DemoWindowKeepsAndObeysTheSettings) {
+  const DemoCommands commands = MakeDemoCommands();
+  DemoCommand* settings = FindSettings(commands);
+  ASSERT_NE(settings, nullptr);
+  DemoSession session;
+  session.host = MakeParent();
+  settings->AttachToSession(session);
+  EXPECT_EQ(session.target_fps, 50);
+  EXPECT_EQ(session.status["renderer"], "hardware");
+  EXPECT_EQ(session.status["font"], "pixel");
+  {
+    DialogScript script;
+    script.Wait()
+        .Step([] { PressRow(2); })
+        .Step([] { ClickPage(0); })
+        .Step([&session] {
+          EXPECT_EQ(session.target_fps, 50) << "obeyed before it was applied";
+          PressApply();
+        })
+        .Step([&session] {
+          EXPECT_EQ(session.target_fps, 25) << "not obeyed at once";
+          PressRow(3);
+        })
+        .Step([] { ClickPage(34); })
+        .Step(&PressApply)
+        .Step([] { PressRow(1); })
+        .Step([] { ClickPage(102); })
+        .Step(&Escape);
+    EXPECT_EQ(settings->ShowInHost(session).dump(), R"({"dialog":"settings","applied":2})");
+  }
+  EXPECT_EQ(session.target_fps, 25);
+  EXPECT_EQ(session.status["renderer"], "software");
+  EXPECT_EQ(session.status["font"], "pixel") << "what was not applied is dropped";
+  testing::FlushEvents();
+  DialogScript script;
+  script.Wait().Step(&PressApply).Step(&Escape);
+  settings->ShowInHost(session);
+  EXPECT_EQ(session.target_fps, 25) << "forgotten between two dialogs";
+  EXPECT_EQ(session.status["renderer"], "software");
+}
+
+TEST_F(SettingsCommand, StatusNamesTheCustomFontFile) {
+  const DemoCommands commands = MakeDemoCommands();
+  DemoCommand* settings = FindSettings(commands);
+  DemoSession session;
+  session.host = MakeParent();
+  settings->AttachToSession(session);
+  DialogScript script;
+  script.Wait()
+      .Step([] { ClickPage(102); })
+      .Step(&PressApply)
+      .Step([&session] {
+        EXPECT_EQ(session.status["font"], "ttf-custom");
+        ClickPage(136 + 20);  // Beside the button.
+      })
+      .Step([] {
+        const SDL_Rect button = Recorder().last_frame().Fills({48, 54, 68, 255}).front();
+        Recorder().SetPointer(Recorder().newest_window(), button.x + 5, button.y + 5);
+        Press(button.x + 5, button.y + 5);
+      })
+      .Wait()
+      .Step([] {
+        testing::KeyDown(SDLK_DOWN);
+        testing::KeyDown(SDLK_RETURN);
+      })
+      .Wait(2)
+      .Step(&PressApply)
+      .Step(&Escape);
+  settings->ShowInHost(session);
+  EXPECT_EQ(session.status["font"], "ttf-custom IBMPlexSans-Regular.ttf");
+}
+
+}  // namespace
+}  // namespace quindle::demo
