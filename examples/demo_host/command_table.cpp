@@ -3,6 +3,7 @@
 // One line for each dialog: X(Name) stands for MakeNameCommand(). See demo_command.h.
 #define QUINDLE_DEMO_COMMANDS(X) \
   X(Message)                     \
+  X(Shader)                      \
   X(Settings)                    \
   X(About)
 

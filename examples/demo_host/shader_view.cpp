@@ -1,0 +1,56 @@
+#include "shader_view.h"
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace quindle::demo {
+namespace {
+
+std::string ReadFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  if (!file) {
+    throw std::runtime_error("cannot read " + path);
+  }
+  return text.str();
+}
+
+}  // namespace
+
+ShaderGuestView::ShaderGuestView(const std::string& path) {
+  try {
+    pass_ = std::make_unique<ShaderPass>(ReadFile(path));
+    description_ = "shader: " + std::filesystem::path(path).filename().string();
+  } catch (const std::exception& error) {
+    description_ = std::string("shader not shown: ") + error.what();
+  }
+}
+
+void ShaderGuestView::SetParameters(
+    const std::vector<frontend::gui::ShaderParameterValue>& values) {
+  if (pass_ != nullptr) {
+    pass_->SetParameters(values);
+  }
+}
+
+void ShaderGuestView::Draw(SDL_Renderer* renderer, const GuestPicture& picture,
+                           const SDL_Rect& area) {
+  frontend::gui::OwnedSdlSurface shaded;
+  if (pass_ != nullptr) {
+    shaded = pass_->Render(picture.Canvas(), std::max(area.w, 1), std::max(area.h, 1));
+  }
+  const frontend::gui::OwnedSdlTexture texture(
+      shaded == nullptr ? nullptr : SDL_CreateTextureFromSurface(renderer, shaded.get()));
+  if (texture == nullptr) {
+    plain_.Draw(renderer, picture, area);
+    return;
+  }
+  SDL_RenderCopy(renderer, texture.get(), nullptr, &area);
+}
+
+}  // namespace quindle::demo
