@@ -24,6 +24,8 @@ class CurrentGlContext {
   }
   CurrentGlContext(const CurrentGlContext&) = delete;
   CurrentGlContext& operator=(const CurrentGlContext&) = delete;
+  CurrentGlContext(CurrentGlContext&&) = delete;
+  CurrentGlContext& operator=(CurrentGlContext&&) = delete;
   ~CurrentGlContext() { SDL_GL_MakeCurrent(former_window_, former_context_); }
 
  private:
@@ -92,8 +94,6 @@ ShaderPass::ShaderPass(const std::string& source) {
   gl_ = LoadGlFunctions();
   Build(source);
 }
-
-ShaderPass::~ShaderPass() = default;
 
 void ShaderPass::Build(const std::string& source) {
   program_ = gl_.CreateProgram();

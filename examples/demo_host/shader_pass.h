@@ -31,7 +31,9 @@ class ShaderPass {
   explicit ShaderPass(const std::string& source);
   ShaderPass(const ShaderPass&) = delete;
   ShaderPass& operator=(const ShaderPass&) = delete;
-  ~ShaderPass();
+  ShaderPass(ShaderPass&&) = delete;
+  ShaderPass& operator=(ShaderPass&&) = delete;
+  ~ShaderPass() = default;
 
   // Sets the uniforms of these names; those that the shader does not have are passed over.
   void SetParameters(const std::vector<frontend::gui::ShaderParameterValue>& values);
