@@ -8,8 +8,7 @@
 
 namespace quindle::opengl {
 
-/// Returns the path of the first pass's shader source that the preset file `presetPath` names, or
-/// an empty string when the preset cannot be read or names none.
+/// Finds the shader source of a preset's first pass.
 ///
 /// The first line whose key is exactly `shader0` counts; comment lines (`#`, `//`) do not. The
 /// value may stand in double quotes. A relative path is joined to the folder of the preset that
@@ -18,6 +17,9 @@ namespace quindle::opengl {
 /// says `#reference "other.glslp"` is followed, at most 16 deep and never in a circle. Whether the
 /// shader source exists is not checked. Never throws for a file's content or state. Callable from
 /// any thread.
+/// @param presetPath the preset file
+/// @return the path of the shader source, relative when `presetPath` is; empty when the preset
+/// cannot be read or names none
 QUINDLE_OPENGL_EXPORT std::string ResolveGlslpFirstPass(const std::string& presetPath);
 
 }  // namespace quindle::opengl
