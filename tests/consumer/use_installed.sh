@@ -14,6 +14,8 @@ scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 unset DESTDIR LD_LIBRARY_PATH
 prefix=$scratch/prefix
+flags=()
+libs=()
 warnings="-std=c++20 -Wall -Wextra -Werror"
 
 fail() {
