@@ -3,12 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
 #include "frontend/gui/sdl_modal_runtime.h"
 
 namespace quindle::testing {
+namespace {
+
+// Nested dialogs need one quit each; beyond this many, only an exception gets the test out.
+constexpr int kMaxIgnoredQuits = 50;
+
+}  // namespace
 
 // Shared with the installed heartbeat, of which the library may hold a copy.
 struct DialogScript::Shared {
@@ -29,6 +36,9 @@ void DialogScript::Shared::Beat() {
     if (!std::exchange(over_budget, true)) {
       ADD_FAILURE() << "the dialog was still open after " << budget << " frames, with " << next
                     << " of " << steps.size() << " steps done";
+    }
+    if (frames > budget + kMaxIgnoredQuits) {
+      throw std::runtime_error("the dialog ignores a quit");
     }
     Quit();
     return;

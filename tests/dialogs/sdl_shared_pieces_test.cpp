@@ -1,0 +1,363 @@
+// The private pieces that all dialogs share, compiled into this program: steps of a modal frame,
+// drawing, the point test, measuring and fitting text.
+
+#include <gmock/gmock.h>
+
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "frontend/gui/sdl_draw.h"
+#include "frontend/gui/sdl_modal_frame.h"
+#include "frontend/gui/sdl_text_fit.h"
+#include "frontend/gui/sdl_ui_font_cache.h"
+#include "support/dialog_test.h"
+
+namespace quindle::frontend::gui {
+namespace {
+
+using testing::DialogTest;
+using testing::DrawCall;
+using testing::DrawKind;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using testing::Recorder;
+using ::testing::SizeIs;
+
+// --- Steps of a modal frame ----------------------------------------------------------------------
+
+class ModalFrame : public DialogTest {
+ protected:
+  void SetUp() override {
+    DialogTest::SetUp();
+    bundle_ = CreateModalWindowBundle(MakeParent(), "Frame", 10, 10, 200, 100, SDL_WINDOW_HIDDEN,
+                                      ModalRendererMode::Software);
+    ASSERT_NE(bundle_.window, nullptr);
+    own_id_ = SDL_GetWindowID(bundle_.window.get());
+    parent_id_ = SDL_GetWindowID(MakeParent());
+    testing::FlushEvents();
+    Recorder().ForgetCalls();
+  }
+  void TearDown() override {
+    bundle_ = {};
+    DialogTest::TearDown();
+  }
+
+  // The types of all events that a dialog gets to see.
+  std::vector<Uint32> Poll() const {
+    std::vector<Uint32> types;
+    SDL_Event event;
+    while (PollModalEvent(bundle_.window.get(), &event)) {
+      types.push_back(event.type);
+    }
+    return types;
+  }
+
+  ModalWindowBundle bundle_;
+  Uint32 own_id_ = 0;
+  Uint32 parent_id_ = 0;
+};
+
+TEST_F(ModalFrame, PollSkipsWindowEventsOfOtherWindowsOnly) {
+  testing::WindowEvent(parent_id_, SDL_WINDOWEVENT_CLOSE);
+  testing::KeyDown(SDLK_a, parent_id_);
+  testing::WindowEvent(own_id_ + 100, SDL_WINDOWEVENT_ENTER);
+  testing::TextInput("a", parent_id_);
+  testing::Click(1, 2, SDL_BUTTON_LEFT, 1, parent_id_);
+  testing::WindowEvent(0, SDL_WINDOWEVENT_CLOSE);
+  testing::WindowEvent(own_id_, SDL_WINDOWEVENT_CLOSE);
+  testing::Quit();
+  EXPECT_THAT(Poll(), ElementsAre(SDL_KEYDOWN, SDL_TEXTINPUT, SDL_MOUSEBUTTONDOWN,
+                                  SDL_MOUSEBUTTONUP, SDL_WINDOWEVENT, SDL_QUIT));
+  EXPECT_THAT(testing::QueuedEvents(), IsEmpty());
+}
+
+TEST_F(ModalFrame, QuitAndCloseCancel) {
+  SDL_Event event{};
+  event.type = SDL_QUIT;
+  EXPECT_TRUE(IsModalCancelEvent(event));
+  event.type = SDL_WINDOWEVENT;
+  for (int id = SDL_WINDOWEVENT_NONE; id <= SDL_WINDOWEVENT_DISPLAY_CHANGED; ++id) {
+    event.window.event = static_cast<Uint8>(id);
+    EXPECT_EQ(IsModalCancelEvent(event), id == SDL_WINDOWEVENT_CLOSE) << id;
+  }
+  event = {};
+  event.type = SDL_KEYDOWN;
+  EXPECT_FALSE(IsModalCancelEvent(event));
+}
+
+TEST_F(ModalFrame, MouseEventsThatNameAnotherWindowAreTold) {
+  const auto is_of_other = [this](Uint32 type, Uint32 id) {
+    SDL_Event event{};
+    event.type = type;
+    if (type == SDL_MOUSEMOTION) {
+      event.motion.windowID = id;
+    } else if (type == SDL_MOUSEWHEEL) {
+      event.wheel.windowID = id;
+    } else if (type == SDL_KEYDOWN) {
+      event.key.windowID = id;
+    } else {
+      event.button.windowID = id;
+    }
+    return IsMouseEventOfOtherWindow(bundle_.window.get(), event);
+  };
+  for (const Uint32 type :
+       {SDL_MOUSEMOTION, SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP, SDL_MOUSEWHEEL}) {
+    EXPECT_FALSE(is_of_other(type, 0)) << type;
+    EXPECT_FALSE(is_of_other(type, own_id_)) << type;
+    EXPECT_TRUE(is_of_other(type, parent_id_)) << type;
+  }
+  EXPECT_FALSE(is_of_other(SDL_KEYDOWN, parent_id_));
+}
+
+TEST_F(ModalFrame, LeftButtonEventsAreTold) {
+  for (const Uint32 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP, SDL_MOUSEMOTION}) {
+    for (const int button : {SDL_BUTTON_LEFT, SDL_BUTTON_MIDDLE, SDL_BUTTON_RIGHT}) {
+      SDL_Event event{};
+      event.type = type;
+      event.button.button = static_cast<Uint8>(button);
+      EXPECT_EQ(IsLeftButtonEvent(event), type != SDL_MOUSEMOTION && button == SDL_BUTTON_LEFT);
+    }
+  }
+}
+
+TEST_F(ModalFrame, PointerIsNowhereWithoutMouseFocus) {
+  for (SDL_Window* const focus : {static_cast<SDL_Window*>(nullptr), MakeParent()}) {
+    Recorder().SetPointer(focus, 5, 6, SDL_BUTTON_LMASK);
+    const ModalPointer pointer = ReadModalPointer(bundle_.window.get());
+    EXPECT_EQ((SDL_Point{pointer.x, pointer.y}), (SDL_Point{-1, -1}));
+    EXPECT_FALSE(pointer.left_down);
+  }
+  EXPECT_EQ(Recorder().CallCount("SDL_GetMouseState"), 0);
+}
+
+TEST_F(ModalFrame, PointerSeesTheLeftButtonOnly) {
+  for (const int mask : {0, SDL_BUTTON_LMASK, SDL_BUTTON_RMASK | SDL_BUTTON_MMASK}) {
+    const auto buttons = static_cast<Uint32>(mask);
+    Recorder().SetPointer(bundle_.window.get(), 5, 6, buttons);
+    const ModalPointer pointer = ReadModalPointer(bundle_.window.get());
+    EXPECT_EQ((SDL_Point{pointer.x, pointer.y}), (SDL_Point{5, 6}));
+    EXPECT_EQ(pointer.left_down, buttons == SDL_BUTTON_LMASK);
+  }
+}
+
+TEST_F(ModalFrame, FirstPresentShowsTheWindow) {
+  bool shown = false;
+  PresentModalFrame(bundle_.window.get(), bundle_.renderer.get(), &shown);
+  EXPECT_TRUE(shown);
+  PresentModalFrame(bundle_.window.get(), bundle_.renderer.get(), &shown);
+  std::vector<std::string> names;
+  for (const testing::Call& call : Recorder().calls()) {
+    names.emplace_back(call.function);
+  }
+  EXPECT_THAT(names, ElementsAre("SDL_RenderPresent", "SDL_ShowWindow", "SDL_RaiseWindow",
+                                 "SDL_SetWindowInputFocus", "SDL_RenderPresent"));
+}
+
+TEST_F(ModalFrame, DelaysAreEightAndTwelve) {
+  EXPECT_EQ(kListFrameDelayMs, 8U);
+  EXPECT_EQ(kPanelFrameDelayMs, 12U);
+}
+
+TEST_F(ModalFrame, GuardsActAtTheEndOfTheirScope) {
+  {
+    const ModalParentFocus focus(MakeParent());
+    const ModalTextInput text_input;
+    EXPECT_TRUE(Recorder().alive().text_input);
+    EXPECT_EQ(Recorder().CallCount("SDL_RaiseWindow"), 0);
+  }
+  EXPECT_THAT(Recorder().CallsAmong({"SDL_StartTextInput", "SDL_StopTextInput", "SDL_RaiseWindow",
+                                     "SDL_SetWindowInputFocus"}),
+              ElementsAre("SDL_StartTextInput", "SDL_StopTextInput", "SDL_RaiseWindow",
+                          "SDL_SetWindowInputFocus"));
+}
+
+// --- Points and rounding -------------------------------------------------------------------------
+
+TEST(PointInside, LeftAndTopEdgesAreInsideRightAndBottomAreNot) {
+  const SDL_Rect rect{10, 20, 5, 4};
+  for (int x = 8; x < 18; ++x) {
+    for (int y = 18; y < 27; ++y) {
+      EXPECT_EQ(IsPointInside(rect, x, y), x >= 10 && x <= 14 && y >= 20 && y <= 23)
+          << x << ", " << y;
+    }
+  }
+}
+
+TEST(PointInside, EmptyRectanglesHoldNothing) {
+  EXPECT_FALSE(IsPointInside({10, 20, 0, 4}, 10, 20));
+  EXPECT_FALSE(IsPointInside({10, 20, 4, 0}, 10, 20));
+  EXPECT_FALSE(IsPointInside({10, 20, -4, -4}, 9, 19));
+}
+
+TEST(PointInside, DoesNotWrapAtTheEndsOfTheRange) {
+  constexpr int kMax = std::numeric_limits<int>::max();
+  EXPECT_TRUE(IsPointInside({kMax - 5, 0, kMax, 1}, kMax, 0));
+  EXPECT_FALSE(IsPointInside({kMax - 5, 0, kMax, 1}, kMax - 6, 0));
+}
+
+TEST(RoundToIntTest, GoesAwayFromZeroAtTheHalf) {
+  EXPECT_EQ(RoundToInt(2.5F), 3);
+  EXPECT_EQ(RoundToInt(-2.5F), -3);
+  EXPECT_EQ(RoundToInt(2.49F), 2);
+  EXPECT_EQ(RoundToInt(-0.5F), -1);
+}
+
+// --- Drawing -------------------------------------------------------------------------------------
+
+class SharedDrawing : public DialogTest {
+ protected:
+  void SetUp() override {
+    DialogTest::SetUp();
+    bundle_ = CreateModalWindowBundle(nullptr, "Draw", 0, 0, 200, 100, SDL_WINDOW_HIDDEN,
+                                      ModalRendererMode::Software);
+    font_ = OpenSdlUiFontHandle(15, false, SdlUiFontKind::Ui);
+    ASSERT_NE(font_, nullptr);
+    renderer_ = bundle_.renderer.get();
+  }
+  void TearDown() override {
+    font_.reset();
+    bundle_ = {};
+    DialogTest::TearDown();
+  }
+
+  int Width(const std::string& text) const { return MeasureText(font_.get(), text).width; }
+  static const std::vector<DrawCall>& Drawn() { return Recorder().unpresented().draws; }
+
+  ModalWindowBundle bundle_;
+  OwnedTtfFont font_;
+  SDL_Renderer* renderer_ = nullptr;
+};
+
+TEST_F(SharedDrawing, StepsUseTheirColour) {
+  ClearFrame(renderer_, {1, 2, 3, 255});
+  FillRect(renderer_, {1, 2, 3, 4}, {4, 5, 6, 255});
+  OutlineRect(renderer_, {5, 6, 7, 8}, {7, 8, 9, 10});
+  FillAndOutlineRect(renderer_, {2, 2, 9, 9}, {11, 12, 13, 255}, {14, 15, 16, 255});
+  DrawLine(renderer_, 1, 2, 30, 40, {17, 18, 19, 255});
+  ASSERT_THAT(Drawn(), SizeIs(6));
+  const std::vector<DrawKind> kinds{DrawKind::Clear, DrawKind::Fill,    DrawKind::Outline,
+                                    DrawKind::Fill,  DrawKind::Outline, DrawKind::Line};
+  const std::vector<SDL_Color> colors{{1, 2, 3, 255},    {4, 5, 6, 255},    {7, 8, 9, 10},
+                                      {11, 12, 13, 255}, {14, 15, 16, 255}, {17, 18, 19, 255}};
+  const std::vector<SDL_Rect> rects{{0, 0, 200, 100}, {1, 2, 3, 4}, {5, 6, 7, 8},
+                                    {2, 2, 9, 9},     {2, 2, 9, 9}, {0, 0, 0, 0}};
+  for (std::size_t i = 0; i < Drawn().size(); ++i) {
+    EXPECT_EQ(Drawn()[i].kind, kinds[i]);
+    EXPECT_EQ(Drawn()[i].color, colors[i]);
+    EXPECT_EQ(Drawn()[i].rect, rects[i]);
+  }
+  EXPECT_EQ(Drawn()[5].from, (SDL_Point{1, 2}));
+  EXPECT_EQ(Drawn()[5].to, (SDL_Point{30, 40}));
+}
+
+TEST_F(SharedDrawing, MeasuresAsSdlTtfDoes) {
+  int width = 0;
+  int height = 0;
+  ASSERT_EQ(TTF_SizeUTF8(font_.get(), "Ag", &width, &height), 0);
+  const TextExtent extent = MeasureText(font_.get(), "Ag");
+  EXPECT_TRUE(extent.measured);
+  EXPECT_EQ(extent.width, width);
+  EXPECT_EQ(extent.height, height);
+  Recorder().FailCall("TTF_SizeUTF8");
+  EXPECT_FALSE(MeasureText(font_.get(), "Ag").measured);
+  EXPECT_EQ(MeasureText(nullptr, "Ag").width, 0);
+  EXPECT_FALSE(MeasureText(nullptr, "Ag").measured);
+  EXPECT_EQ(FontHeightOrFallback(nullptr, 17), 17);
+  EXPECT_EQ(FontHeightOrFallback(font_.get(), 17), TTF_FontHeight(font_.get()));
+}
+
+TEST_F(SharedDrawing, ClipNarrowsAndComesBack) {
+  const auto clip_in_force = [this] {
+    FillRect(renderer_, {0, 0, 1, 1}, {});
+    return Drawn().back().clip;
+  };
+  EXPECT_EQ(clip_in_force(), std::nullopt);
+  {
+    const ScopedClip outer(renderer_, {10, 10, 50, 50});
+    EXPECT_EQ(clip_in_force(), (SDL_Rect{10, 10, 50, 50}));
+    {
+      const ScopedClip inner(renderer_, {40, 5, 50, 20});
+      EXPECT_EQ(clip_in_force(), (SDL_Rect{40, 10, 20, 15}));
+    }
+    {
+      const ScopedClip nothing(renderer_, {70, 70, 5, 5});
+      EXPECT_EQ(clip_in_force()->w, 0);
+      EXPECT_EQ(clip_in_force()->h, 0);
+    }
+    EXPECT_EQ(clip_in_force(), (SDL_Rect{10, 10, 50, 50}));
+  }
+  EXPECT_EQ(clip_in_force(), std::nullopt);
+}
+
+// --- Fitting text --------------------------------------------------------------------------------
+
+TEST_F(SharedDrawing, TextThatFitsIsKept) {
+  for (const std::string text : {"", "a", "floppies/system.img"}) {
+    EXPECT_EQ(FitTextLeft(font_.get(), text, Width(text)), text);
+    EXPECT_EQ(FitTextRight(font_.get(), text, Width(text)), text);
+  }
+  EXPECT_EQ(FitTextLeft(nullptr, "any text", 1), "any text");
+  EXPECT_EQ(FitTextRight(nullptr, "any text", 1), "any text");
+}
+
+TEST_F(SharedDrawing, LongTextIsCutToTheMostThatFits) {
+  const std::string text = "a long path/with some/folders/and a file.img";
+  for (int width = Width("...") + 20; width < Width(text); width += 7) {
+    const std::string left = FitTextLeft(font_.get(), text, width);
+    const std::string right = FitTextRight(font_.get(), text, width);
+    ASSERT_GT(left.size(), 3U);
+    ASSERT_GT(right.size(), 3U);
+    EXPECT_LE(Width(left), width);
+    EXPECT_LE(Width(right), width);
+    const std::size_t kept_left = left.size() - 3;
+    const std::size_t kept_right = right.size() - 3;
+    EXPECT_EQ(left, text.substr(0, kept_left) + "...");
+    EXPECT_EQ(right, "..." + text.substr(text.size() - kept_right));
+    EXPECT_GT(Width(text.substr(0, kept_left + 1) + "..."), width);
+    EXPECT_GT(Width("..." + text.substr(text.size() - kept_right - 1)), width);
+  }
+}
+
+TEST_F(SharedDrawing, CutNeverSplitsACharacter) {
+  std::string text;
+  for (int i = 0; i < 20; ++i) {
+    text += "\u00e9";
+  }
+  for (int width = Width("..."); width < Width(text); ++width) {
+    EXPECT_EQ((FitTextLeft(font_.get(), text, width).size() - 3) % 2, 0U) << width;
+    EXPECT_EQ((FitTextRight(font_.get(), text, width).size() - 3) % 2, 0U) << width;
+  }
+}
+
+TEST_F(SharedDrawing, NothingFitsInNoRoom) {
+  EXPECT_EQ(FitTextLeft(font_.get(), "text", Width("...") - 1), "");
+  EXPECT_EQ(FitTextRight(font_.get(), "text", 0), "");
+  EXPECT_EQ(FitTextRight(font_.get(), "text", -5), "");
+}
+
+TEST_F(SharedDrawing, HugeTextIsNotMeasuredWhole) {
+  const std::string huge(5'000'000, 'x');
+  const std::string fitted = FitTextLeft(font_.get(), huge, 200);
+  EXPECT_LE(Width(fitted), 200);
+  EXPECT_GT(fitted.size(), 10U);
+  EXPECT_LT(Recorder().CallCount("TTF_SizeUTF8"), 40);
+}
+
+TEST_F(SharedDrawing, EndOfTextShowsInItsRoom) {
+  const std::string text = "C:/a rather long folder name/disk.img";
+  DrawTextEndVisible(renderer_, font_.get(), text, 20, 30, 20 + Width(text), kColTextHi);
+  ASSERT_THAT(Drawn(), SizeIs(1));
+  EXPECT_EQ(Drawn()[0].rect.x, 20);
+  EXPECT_EQ(Drawn()[0].clip, std::nullopt);
+  DrawTextEndVisible(renderer_, font_.get(), text, 20, 30, 19 + Width(text), kColTextHi);
+  ASSERT_THAT(Drawn(), SizeIs(2));
+  const DrawCall& clipped = Drawn()[1];
+  EXPECT_EQ(clipped.rect.x + clipped.rect.w, 19 + Width(text));
+  EXPECT_EQ(clipped.rect.y, 30);
+  EXPECT_EQ(clipped.clip, (SDL_Rect{20, 30, Width(text) - 1, clipped.rect.h}));
+  EXPECT_EQ(SDL_RenderIsClipEnabled(renderer_), SDL_FALSE);
+}
+
+}  // namespace
+}  // namespace quindle::frontend::gui
