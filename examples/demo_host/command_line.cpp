@@ -72,8 +72,8 @@ int RunOneDialog(DemoCommand* command) {
   const SdlSession sdl(VideoChoice::Display);
   const ShownWindows shown;
   CommandOutcome outcome = command->Run();
-  // A dialog without a window returns as if it was cancelled.
-  if (outcome.status == ExitStatus::Cancelled && shown.Count() == 0 && outcome.message.empty()) {
+  // A dialog that gets no window returns all the same, as if it had been cancelled or closed.
+  if (shown.Count() == 0 && outcome.message.empty()) {
     throw NothingShownError(std::string("no window: ") + SDL_GetError());
   }
   return ReportOutcome(outcome);

@@ -219,9 +219,9 @@ std::vector<int> HostWindow::CaptionWidths() const {
 
 std::string HostWindow::StatusText() const {
   std::string text = "guest: " + std::to_string(session_.target_fps) + " fps";
-  const auto add = [&text](const std::string& part) { text += "   |   " + part; };
+  const auto add = [&text](const std::string& part) { text.append("   |   ").append(part); };
   for (const auto& [key, value] : session_.status) {
-    add(key + ": " + value);
+    add(std::string(key).append(": ").append(value));
   }
   if (!session_.view->Describe().empty()) {
     add(session_.view->Describe());

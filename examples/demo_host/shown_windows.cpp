@@ -13,13 +13,9 @@ ShownWindows::~ShownWindows() {
 }
 
 SDL_Window* ShownWindows::Newest() const {
-  for (auto id = ids_.rbegin(); id != ids_.rend(); ++id) {
-    SDL_Window* window = SDL_GetWindowFromID(*id);
-    if (window != nullptr) {
-      return window;
-    }
-  }
-  return nullptr;
+  const auto newest = std::find_if(ids_.rbegin(), ids_.rend(),
+                                   [](Uint32 id) { return SDL_GetWindowFromID(id) != nullptr; });
+  return newest == ids_.rend() ? nullptr : SDL_GetWindowFromID(*newest);
 }
 
 int ShownWindows::Watch(void* self, SDL_Event* event) {

@@ -130,7 +130,7 @@ bool RunScene(const DemoCommand& command, const TourScene& scene, HostWindow* ho
 
 // The demo window at a moment of its animation that is the same in every tour.
 void ShowHost(HostWindow* host, TourPictures* pictures) {
-  for (int frame = 0; frame < 60; ++frame) {
+  for (int frame = 0; frame < 110; ++frame) {
     host->AdvanceGuest();
   }
   host->Draw();

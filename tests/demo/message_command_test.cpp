@@ -172,6 +172,14 @@ TEST_F(MessageCommand, FailedWindowIsNothingShown) {
   EXPECT_THAT(ended.err, HasSubstr("quindle_dialogs: no window: "));
 }
 
+TEST_F(MessageCommand, DialogWithoutResultNeedsAWindowToo) {
+  Recorder().FailAlways("SDL_CreateWindow");
+  const Ended ended = RunProgramWith({"about"});
+  EXPECT_EQ(ended.status, 3);
+  EXPECT_EQ(ended.out, "");
+  EXPECT_THAT(ended.err, HasSubstr("quindle_dialogs: no window: "));
+}
+
 TEST_F(MessageCommand, MachineWithoutFontsShowsNothing) {
   Recorder().HideAllFonts();
   const Ended ended = RunProgramWith(kYesNo);
