@@ -90,6 +90,28 @@ inline auto Fields(const frontend::gui::SettingsDialogValues& values) {
                          values.screenshot_capture_size_mode);
 }
 
+// The rectangle of row k of the list.
+inline SDL_Rect NavRow(int k) {
+  return {0, 10 + 30 * k, 224, 30};
+}
+
+// Values of which none is a default.
+inline frontend::gui::SettingsDialogValues SampleValues() {
+  frontend::gui::SettingsDialogValues values;
+  values.target_fps = 50;
+  values.font_mode = "ttf";
+  values.renderer_mode = "software";
+  values.cpu_mhz = 12.5;
+  values.mouse_capture_gain = 1.75;
+  values.allow_mouse_capture_in_text_mode = true;
+  values.hdd_sounds_enabled = true;
+  values.hdd_sounds_volume = 0.25;
+  values.custom_font_path = "/fonts/vga.ttf";
+  values.screenshot_capture_with_opengl_shaders = true;
+  values.screenshot_capture_size_mode = 0;
+  return values;
+}
+
 inline void Merge(PointSet more, PointSet* points) {
   points->merge(std::move(more));
 }
