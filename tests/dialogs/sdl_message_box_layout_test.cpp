@@ -353,6 +353,14 @@ TEST_F(MessageBoxWrap, LimitIsAtLeastForty) {
   EXPECT_THAT(Wrap("ab c", 5), ElementsAre("ab", "c"));
 }
 
+TEST_F(MessageBoxWrap, LeastLimitIsExact) {
+  const OwnedTtfFont font = OpenFont(15);  // Five characters take 41 pixels.
+  SdlMessageBox::Config config = WithButtons(1);
+  config.message = "ab cd";
+  EXPECT_THAT(BuildSdlMessageBoxLayout(config, 1.0F, 5, 300, font.get(), font.get()).lines,
+              ElementsAre("ab", "cd"));
+}
+
 TEST_F(MessageBoxWrap, FailedMeasurementOfACandidateStartsANewLine) {
   // Measured in turn: the title, "aa", "aa bb", then "bb cc".
   Recorder().FailCall("TTF_SizeUTF8", 3);

@@ -426,6 +426,20 @@ TEST_F(MessageBoxLoopTest, TwoPixelsOffAreSetRight) {
   }
 }
 
+TEST_F(MessageBoxLoopTest, AsksForNoWindowTallerThanX11Has) {
+  Recorder().SetDrawMode(DrawMode::Recorded);
+  SdlMessageBox::Config config = YesNo();
+  config.message = std::string(4000, '\n');
+  const long before = Recorder().CallCount("SDL_SetWindowSize");
+  DialogScript script;
+  script.Wait(3).Step([this] {
+    EXPECT_EQ(Size(), (SDL_Point{420, 65535}));
+    Quit();
+  });
+  Run(config);
+  EXPECT_EQ(Recorder().CallCount("SDL_SetWindowSize"), before + 1);
+}
+
 TEST_F(MessageBoxLoopTest, FollowsAWidthThatChangesWhileItIsOpen) {
   DialogScript script;
   script.Wait().Step([this] { SDL_SetWindowSize(Window(), 500, 400); }).Step([] {
@@ -1030,6 +1044,29 @@ TEST_F(MessageBoxDrawTest, DrawsEverythingInOrder) {
 
 TEST_F(MessageBoxDrawTest, TextColourIsTheBrightOne) {
   EXPECT_EQ(kColTextHi, (SDL_Color{232, 237, 244, 255}));
+}
+
+TEST_F(MessageBoxDrawTest, TextsEndAtTheFrame) {
+  const SDL_Rect between_the_frames_sides{11, 10, 398, 280};
+  const Frame& frame = Draw();
+  for (const char* text : {"Overwrite?", "One", "Two"}) {
+    EXPECT_EQ(frame.FindText(text)->clip, between_the_frames_sides) << text;
+  }
+}
+
+TEST_F(MessageBoxDrawTest, CaptionsEndAtTheirButton) {
+  const Frame& frame = Draw();
+  EXPECT_EQ(frame.FindText("Yes")->clip, (SDL_Rect{215, 250, 82, 28}));
+  EXPECT_EQ(frame.FindText("No")->clip, (SDL_Rect{307, 250, 82, 28}));
+}
+
+TEST_F(MessageBoxDrawTest, NothingElseIsClipped) {
+  for (const DrawCall& call : Draw().draws) {
+    if (call.kind != DrawKind::Text) {
+      EXPECT_FALSE(call.clip.has_value()) << Describe(call);
+    }
+  }
+  EXPECT_EQ(SDL_RenderIsClipEnabled(Renderer()), SDL_FALSE);
 }
 
 TEST_F(MessageBoxDrawTest, SeparatorFollowsFrameAndFooter) {

@@ -207,6 +207,25 @@ TEST_F(MessageBoxX11, ButtonUnderPointerIsHighlighted) {
   });
 }
 
+// X11 counts a window's height in 16 bits and treats 0 as an error that ends the program.
+TEST_F(MessageBoxX11, MessageTallerThanAnyWindowIsSurvived) {
+  const OwnedTtfFont font = OpenSdlUiFontHandle(14, false, SdlUiFontKind::Ui);
+  SdlMessageBox::Config config = Question();
+  int height = 0;
+  do {
+    config.message += '\n';
+    const int lines = static_cast<int>(config.message.size());
+    height = 44 + 60 + 12 + lines * TTF_FontHeight(font.get()) + 20 + 52;
+  } while (height % 65536 != 0);
+  SdlMessageBox box(config);
+  const int result = WhileShowing([&] { return box.Show(Parent(), 1.0F); },
+                                  [] {
+                                    WaitForX11Focus(WaitForX11Window(kTitle));
+                                    PressKey("Escape");
+                                  });
+  EXPECT_EQ(result, 8);
+}
+
 // --- Windows of both renderer modes --------------------------------------------------------------
 
 struct RendererModeCase {

@@ -138,8 +138,8 @@ QUINDLE_SDL_UI_EXPORT void RenderSdlMessageBoxFrame(
     const SdlMessageBoxLayout& layout, TTF_Font* iconFont, TTF_Font* titleFont, TTF_Font* bodyFont,
     TTF_Font* buttonFont, int mouseX, int mouseY);
 
-/// Draws one button with its caption centred, or 6 pixels from the left when it is too wide for
-/// that. Without a font the caption is missing.
+/// Draws one button with its caption centred, or 6 pixels from the left, cut at the right edge,
+/// when it is too wide for that. Without a font the caption is missing.
 QUINDLE_SDL_UI_EXPORT void DrawSdlMessageBoxButton(SDL_Renderer* renderer, TTF_Font* font,
                                                    const SDL_Rect& rect, const std::string& label,
                                                    bool hovered);

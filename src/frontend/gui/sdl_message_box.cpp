@@ -16,6 +16,8 @@ namespace {
 
 constexpr float kMessageBoxScale = 1.0F;
 constexpr int kNoChoice = -1;
+// X11 counts sizes in 16 bits and ends a program that asks for a multiple of 65536.
+constexpr int kTallestWindow = 65535;
 
 constexpr SDL_Color kWindowFill{18, 21, 27, 255};
 constexpr SDL_Color kPanelBorder{52, 58, 70, 255};
@@ -275,6 +277,15 @@ void DrawMessage(SDL_Renderer* renderer, const std::string& message,
   }
 }
 
+// A word too long for its line runs to the frame, not across it.
+void DrawTexts(SDL_Renderer* renderer, const SdlMessageBox::Config& config,
+               const SdlMessageBoxLayout& layout, TTF_Font* title_font, TTF_Font* body_font) {
+  const ScopedClip clip(
+      renderer, SDL_Rect{layout.content.x, layout.frame.y, layout.content.w, layout.frame.h});
+  DrawTitle(renderer, config.title, layout, title_font);
+  DrawMessage(renderer, config.message, layout, body_font);
+}
+
 void DrawButtons(SDL_Renderer* renderer, const SdlMessageBox::Config& config,
                  const SdlMessageBoxLayout& layout, TTF_Font* button_font, int mouse_x,
                  int mouse_y) {
@@ -357,8 +368,9 @@ SdlMessageBoxLayout LayOutForWindow(SDL_Window* window, const SdlMessageBox::Con
                                     fonts.bodyFont.get());
   };
   SdlMessageBoxLayout layout = build();
-  if (std::abs(layout.targetHeight - height) > 1) {
-    SDL_SetWindowSize(window, width, layout.targetHeight);
+  const int wanted_height = std::min(layout.targetHeight, kTallestWindow);
+  if (std::abs(wanted_height - height) > 1) {
+    SDL_SetWindowSize(window, width, wanted_height);
     layout = build();
   }
   return layout;
@@ -466,8 +478,7 @@ void RenderSdlMessageBoxFrame(SDL_Renderer* renderer, const SdlMessageBox::Confi
                               TTF_Font* buttonFont, int mouseX, int mouseY) {
   DrawPanels(renderer, layout);
   DrawBadge(renderer, visual, layout.icon, iconFont);
-  DrawTitle(renderer, config.title, layout, titleFont);
-  DrawMessage(renderer, config.message, layout, bodyFont);
+  DrawTexts(renderer, config, layout, titleFont, bodyFont);
   DrawButtons(renderer, config, layout, buttonFont, mouseX, mouseY);
 }
 
@@ -477,6 +488,8 @@ void DrawSdlMessageBoxButton(SDL_Renderer* renderer, TTF_Font* font, const SDL_R
   const TextExtent extent = MeasureText(font, label);
   const int spare_w = rect.w - extent.width;
   const int spare_h = rect.h - extent.height;
+  // A caption wider than the button must not run into the next one.
+  const ScopedClip clip(renderer, SDL_Rect{rect.x + 1, rect.y, rect.w - 2, rect.h});
   DrawSdlUiText(renderer, font, label, rect.x + (spare_w >= 14 ? spare_w / 2 : 6),
                 rect.y + (spare_h > 9 ? spare_h / 2 : 4), kColTextHi, nullptr);
 }
