@@ -3,6 +3,10 @@
 // One line for each dialog: X(Name) stands for MakeNameCommand(). See demo_command.h.
 #define QUINDLE_DEMO_COMMANDS(X) \
   X(Message)                     \
+  X(Floppy)                      \
+  X(ShaderFile)                  \
+  X(Font)                        \
+  X(Folder)                      \
   X(Shader)                      \
   X(Settings)                    \
   X(About)
