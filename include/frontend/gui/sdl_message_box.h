@@ -51,6 +51,7 @@ class QUINDLE_SDL_UI_EXPORT SdlMessageBox {
   };
 
   /// Takes the record over and replaces what is empty or too small, as said at its fields.
+  /// @param config what to show; moved in
   explicit SdlMessageBox(Config config);
 
   /// Shows the box and blocks, on the thread that owns SDL video, until a button is chosen or the
@@ -58,6 +59,9 @@ class QUINDLE_SDL_UI_EXPORT SdlMessageBox {
   ///
   /// Returns the chosen button's id; -1 when the box was closed without a choice, or when no
   /// window, renderer or font could be had (nothing is shown then).
+  /// @param parent the window to be modal for; may be null
+  /// @param scale accepted and not applied
+  /// @return the chosen button's id, or -1
   int Show(SDL_Window* parent, float scale);
 
  private:
@@ -71,6 +75,8 @@ struct MessageBoxTypeVisual {
 };
 
 /// Returns the visual of `type`; that of Info for a value that names no type.
+/// @param type the type
+/// @return its colour and glyph
 QUINDLE_SDL_UI_EXPORT MessageBoxTypeVisual VisualForMessageBoxType(SdlMessageBox::Type type);
 
 /// The fonts of a message box, each empty when it could not be opened.
@@ -82,6 +88,8 @@ struct SdlMessageBoxFonts {
 };
 
 /// Opens the four fonts for a scale factor (1.0 is 18 points for the icon and 14 for the rest).
+/// @param scale multiplies the sizes
+/// @return the fonts; those that could not be opened are empty
 QUINDLE_SDL_UI_EXPORT SdlMessageBoxFonts OpenSdlMessageBoxFonts(float scale);
 
 /// The geometry of a message box, in window pixels.
@@ -119,6 +127,13 @@ struct SdlMessageBoxLayout {
 /// Computes the geometry for a client size of `width` x `height` pixels. `scale` multiplies the
 /// metrics (the box itself runs at 1.0). `titleFont` must not be null; without `bodyFont` there are
 /// no lines.
+/// @param config gives title, message, number of buttons and least height
+/// @param scale multiplies the measures
+/// @param width client width in pixels
+/// @param height client height in pixels
+/// @param titleFont measures the title; must not be null
+/// @param bodyFont measures the message; null leaves it without lines
+/// @return the geometry and the wrapped lines
 QUINDLE_SDL_UI_EXPORT SdlMessageBoxLayout
 BuildSdlMessageBoxLayout(const SdlMessageBox::Config& config, float scale, int width, int height,
                          TTF_Font* titleFont, TTF_Font* bodyFont);
@@ -126,6 +141,13 @@ BuildSdlMessageBoxLayout(const SdlMessageBox::Config& config, float scale, int w
 /// Runs the box in a window that is there already; the window is shown after the first frame.
 /// Returns the chosen button's id, or -1 when the box was closed without a choice. The handles are
 /// borrowed; all four fonts must be open.
+/// @param window the box's window; borrowed
+/// @param renderer its renderer; borrowed
+/// @param config what the box shows
+/// @param scale multiplies the measures
+/// @param visual colour and glyph of the badge
+/// @param fonts all four open
+/// @return the chosen button's id, or -1
 QUINDLE_SDL_UI_EXPORT int RunSdlMessageBoxLoop(SDL_Window* window, SDL_Renderer* renderer,
                                                const SdlMessageBox::Config& config, float scale,
                                                const MessageBoxTypeVisual& visual,
@@ -133,6 +155,16 @@ QUINDLE_SDL_UI_EXPORT int RunSdlMessageBoxLoop(SDL_Window* window, SDL_Renderer*
 
 /// Draws one frame without presenting it. (`mouseX`, `mouseY`) is the pointer in window pixels,
 /// (-1, -1) while it is elsewhere. The handles are borrowed; without a font its texts are missing.
+/// @param renderer the target; borrowed
+/// @param config what the box shows
+/// @param visual colour and glyph of the badge
+/// @param layout the geometry
+/// @param iconFont font of the glyph; null leaves it out
+/// @param titleFont font of the title; null leaves it out
+/// @param bodyFont font of the message; null leaves it out
+/// @param buttonFont font of the captions; null leaves them out
+/// @param mouseX pointer in window pixels; -1 while it is elsewhere
+/// @param mouseY pointer in window pixels; -1 while it is elsewhere
 QUINDLE_SDL_UI_EXPORT void RenderSdlMessageBoxFrame(
     SDL_Renderer* renderer, const SdlMessageBox::Config& config, const MessageBoxTypeVisual& visual,
     const SdlMessageBoxLayout& layout, TTF_Font* iconFont, TTF_Font* titleFont, TTF_Font* bodyFont,
@@ -140,6 +172,11 @@ QUINDLE_SDL_UI_EXPORT void RenderSdlMessageBoxFrame(
 
 /// Draws one button with its caption centred, or 6 pixels from the left, cut at the right edge,
 /// when it is too wide for that. Without a font the caption is missing.
+/// @param renderer the target; borrowed
+/// @param font font of the caption; null leaves it out
+/// @param rect the button, in window pixels
+/// @param label the caption, UTF-8
+/// @param hovered whether the pointer is over it
 QUINDLE_SDL_UI_EXPORT void DrawSdlMessageBoxButton(SDL_Renderer* renderer, TTF_Font* font,
                                                    const SDL_Rect& rect, const std::string& label,
                                                    bool hovered);

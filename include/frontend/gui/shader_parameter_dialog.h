@@ -41,6 +41,8 @@ struct ShaderDialogResult {
 /// Returns the file in which the declarations stand: the first pass's source for a preset (a path
 /// whose extension is ".glslp" in any case), otherwise `path` unchanged. Empty for a preset without
 /// a usable first pass. Whether the file exists is not checked.
+/// @param path a shader or a preset
+/// @return the file that holds the declarations
 QUINDLE_SDL_UI_EXPORT std::string ResolveShaderGlslPath(const std::string& path);
 
 /// Reads the declarations of the shader `path`, or of a preset's first pass, in file order.
@@ -48,6 +50,8 @@ QUINDLE_SDL_UI_EXPORT std::string ResolveShaderGlslPath(const std::string& path)
 /// Malformed lines are skipped; swapped bounds are put in order, a step that is not greater than 0
 /// becomes 0, and duplicates are kept. Empty when the file cannot be read or declares nothing.
 /// Throws nothing but std::bad_alloc.
+/// @param path a shader or a preset
+/// @return the declarations
 QUINDLE_SDL_UI_EXPORT std::vector<ShaderParameterSpec> ParseShaderParameterSpecs(
     const std::string& path);
 
@@ -56,16 +60,24 @@ QUINDLE_SDL_UI_EXPORT std::vector<ShaderParameterSpec> ParseShaderParameterSpecs
 /// Only the names of its first "parameters" list count; values that are no number or out of a
 /// float's range are skipped; nothing is clamped. Empty when the path's extension is not ".glslp"
 /// (in any case), the file cannot be read or it has no list. Throws nothing but std::bad_alloc.
+/// @param preset_path a preset
+/// @return the values that it stores
 QUINDLE_SDL_UI_EXPORT std::vector<ShaderParameterValue> ParseGlslpParameterOverrides(
     const std::string& preset_path);
 
 /// Clamps `v` to the bounds of `spec` and moves it to the nearest value of the grid that starts at
 /// `min_value`, halfway cases away from it; a bound wins over the grid. A NaN becomes `min_value`.
+/// @param spec bounds and step
+/// @param v any value
+/// @return the value clamped and snapped
 QUINDLE_SDL_UI_EXPORT float SnapToStep(const ShaderParameterSpec& spec, float v);
 
 /// Returns the values with which the dialog starts, not applied: for each of `specs`, in order, the
 /// first value of `current` with its name, or else its default, clamped and snapped. Values that
 /// belong to no declaration are dropped.
+/// @param specs the declarations
+/// @param current the values in force
+/// @return one value for each declaration
 QUINDLE_SDL_UI_EXPORT ShaderDialogResult
 InitializeShaderDialogResult(const std::vector<ShaderParameterSpec>& specs,
                              const std::vector<ShaderParameterValue>& current);
@@ -93,6 +105,9 @@ struct ShaderDialogGeometry {
 };
 
 /// Computes the measures for `count` parameters. `scale` is accepted and not applied.
+/// @param count number of parameters
+/// @param scale accepted and not applied
+/// @return the measures
 QUINDLE_SDL_UI_EXPORT ShaderDialogGeometry BuildShaderDialogGeometry(int count, float scale);
 
 /// What the dialog's loop works on. All handles and records are borrowed and must outlive the run.
@@ -127,26 +142,49 @@ struct ShaderDialogLayout {
 
 /// Computes the layout for a client size of `width` x `height` pixels from the session's number of
 /// declarations and its `scroll`.
+/// @param session gives the number of declarations and the scroll
+/// @param width client width in pixels
+/// @param height client height in pixels
+/// @return the places
 QUINDLE_SDL_UI_EXPORT ShaderDialogLayout BuildShaderDialogLayout(const ShaderDialogSession& session,
                                                                  int width, int height);
 
 /// Returns the row at the window coordinate `y` when `scroll` pixels have gone off the top and
 /// there are `count` rows; -1 above the first and below the last.
+/// @param geometry the measures
+/// @param y in window pixels
+/// @param scroll pixels that have gone off the top
+/// @param count number of rows
+/// @return the row, or -1
 QUINDLE_SDL_UI_EXPORT int FindShaderDialogParamAtY(const ShaderDialogGeometry& geometry, int y,
                                                    int scroll, int count);
 
 /// Returns the value, clamped and snapped, for a slider pulled to the window coordinate `x`.
+/// @param spec the parameter
+/// @param geometry the measures
+/// @param x in window pixels
+/// @return the value
 QUINDLE_SDL_UI_EXPORT float ShaderDialogValueFromMouse(const ShaderParameterSpec& spec,
                                                        const ShaderDialogGeometry& geometry, int x);
 
 /// Draws one line of UTF-8 text with its top-left corner at (`x`, `y`). Does nothing when
 /// `renderer` or `font` is null or `text` is empty.
+/// @param renderer null does nothing
+/// @param font null does nothing
+/// @param text UTF-8; empty does nothing
+/// @param x left edge of the text, in window pixels
+/// @param y top edge of the text, in window pixels
+/// @param color the text's colour
 QUINDLE_SDL_UI_EXPORT void DrawShaderDialogText(SDL_Renderer* renderer, TTF_Font* font,
                                                 const std::string& text, int x, int y,
                                                 SDL_Color color);
 
 /// Draws and presents one frame for a client size of `width` x `height` pixels; the first one also
 /// shows, raises and focuses the window. The session must be complete, as for the loop.
+/// @param session what is drawn, and where to
+/// @param layout the places
+/// @param width client width in pixels
+/// @param height client height in pixels
 QUINDLE_SDL_UI_EXPORT void RenderShaderDialog(ShaderDialogSession* session,
                                               const ShaderDialogLayout& layout, int width,
                                               int height);
@@ -154,6 +192,8 @@ QUINDLE_SDL_UI_EXPORT void RenderShaderDialog(ShaderDialogSession* session,
 /// Runs the dialog in a window that is there already, until the user ends it. Returns at once when
 /// `session` or its window, renderer, a font, specs, geometry or result is null. Exceptions of
 /// `on_apply` and of the heartbeat pass through.
+/// @param session what the loop works on; an incomplete one does nothing
+/// @param on_apply called for every Apply; may be empty
 QUINDLE_SDL_UI_EXPORT void RunShaderParameterDialog(ShaderDialogSession* session,
                                                     const ShaderApplyCallback& on_apply);
 
@@ -165,6 +205,12 @@ QUINDLE_SDL_UI_EXPORT void RunShaderParameterDialog(ShaderDialogSession* session
 /// last shown; `applied` is true when the user applied and then closed the window, false after
 /// Cancel or Escape. Without declarations, and without a font, a message is shown instead of the
 /// dialog; without a window nothing is shown. The starting values are returned then, not applied.
+/// @param parent the window to be modal for; may be null
+/// @param shader_path a shader or a preset
+/// @param scale accepted and not applied
+/// @param on_apply called for every Apply; may be empty
+/// @param current the values in force
+/// @return the values last shown, and whether they were applied
 QUINDLE_SDL_UI_EXPORT ShaderDialogResult ShowShaderParameterDialog(
     SDL_Window* parent, const std::string& shader_path, float scale, ShaderApplyCallback on_apply,
     const std::vector<ShaderParameterValue>& current);
