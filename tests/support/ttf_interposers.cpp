@@ -151,6 +151,17 @@ int TTF_GlyphIsProvided32(TTF_Font* font, Uint32 code_point) {
   return EnterCall(slot, font) ? 0 : real(font, code_point);
 }
 
+QUINDLE_WRAP_SLOT(TTF_GlyphMetrics32, true)
+int TTF_GlyphMetrics32(TTF_Font* font, Uint32 code_point, int* min_x, int* max_x, int* min_y,
+                       int* max_y, int* advance) {
+  QUINDLE_REAL(TTF_GlyphMetrics32);
+  if (EnterCall(slot, font)) {
+    return -1;
+  }
+  const InsideTtf inside;
+  return real(font, code_point, min_x, max_x, min_y, max_y, advance);
+}
+
 QUINDLE_WRAP_SLOT(TTF_SizeUTF8, true)
 int TTF_SizeUTF8(TTF_Font* font, const char* text, int* w, int* h) {
   QUINDLE_REAL(TTF_SizeUTF8);
