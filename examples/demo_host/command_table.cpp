@@ -7,6 +7,8 @@
   X(ShaderFile)                  \
   X(Font)                        \
   X(Folder)                      \
+  X(Hdd)                         \
+  X(Screenshot)                  \
   X(Shader)                      \
   X(Settings)                    \
   X(About)

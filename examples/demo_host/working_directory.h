@@ -13,4 +13,8 @@ void EnterDataDirectory();
 // while that is still the working directory, otherwise made absolute. Empty stays empty.
 std::string ResolveUserPath(const std::string& path);
 
+// As ResolveUserPath, for a folder in which something is to be saved: empty means where the program
+// was started, and stays empty while that is the working directory.
+std::string ResolveUserFolder(const std::string& folder);
+
 }  // namespace quindle::demo
