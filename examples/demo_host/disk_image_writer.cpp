@@ -5,7 +5,7 @@
 namespace quindle::demo {
 
 void WriteDiskImage(const std::string& path, std::uint32_t size_mb) {
-  constexpr std::uint64_t kBytesPerMb = 1024 * 1024;
+  constexpr std::uint64_t kBytesPerMb = 1024ULL * 1024;
   NewFile file(path);
   file.Resize(size_mb * kBytesPerMb);
   file.Keep();

@@ -106,7 +106,8 @@ class HddCommand : public DemoCommand {
 
   void AddOptions(CLI::App& app) override {
     app.add_option("--folder", folder_, "Folder shown first");
-    app.add_option("--size", size_mb_, "Size shown first, in MB; 0 or none: the dialog's own");
+    app.add_option("--size", size_mb_, "Size shown first, in MB; 0 or none: the dialog's own")
+        ->check(CLI::Number);  // An empty argument is none.
     app.add_flag("--create", create_, "Make the image, as a sparse file of that many MiB");
   }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -22,6 +23,20 @@ const std::vector<std::pair<std::string, ScreenshotSaveFormat>> kFormats = {
     {"jpeg", ScreenshotSaveFormat::Jpeg},
     {"bmp", ScreenshotSaveFormat::Bmp},
 };
+
+std::vector<std::string> FormatNames() {
+  std::vector<std::string> names(kFormats.size());
+  std::transform(kFormats.begin(), kFormats.end(), names.begin(),
+                 [](const auto& entry) { return entry.first; });
+  return names;
+}
+
+// `name` is one of FormatNames().
+ScreenshotSaveFormat FormatOf(const std::string& name) {
+  const auto found = std::find_if(kFormats.begin(), kFormats.end(),
+                                  [&name](const auto& entry) { return entry.first == name; });
+  return found->second;
+}
 
 // What the dialog is given: the last values that were accepted.
 struct ScreenshotChoices {
@@ -153,7 +168,7 @@ TourScene ResizedScene() {
       .Do(Resize(1200, 600))
       .Wait(5)
       .Save("screenshot-wide")
-      .Do(Resize(260, 120))
+      .Do(Resize(340, 150))
       .Wait(5)
       .Save("screenshot-tiny");
   return MakeScene("resized", ScreenshotSaveFormat::Png, std::move(script));
@@ -168,10 +183,15 @@ class ScreenshotCommand : public DemoCommand {
   void AddOptions(CLI::App& app) override {
     app.add_option("--folder", choices_.folder, "Folder shown first");
     app.add_option("--name", choices_.name, "File name shown first");
-    app.add_option("--format", choices_.format, "Format selected first")
-        ->transform(CLI::CheckedTransformer(kFormats, CLI::ignore_case));
-    app.add_option("--quality", choices_.quality, "JPEG quality shown first, 1 to 100");
-    app.add_option("--compression", choices_.compression, "PNG compression shown first, 0 to 9");
+    app.add_option_function<std::string>(
+           "--format", [this](const std::string& name) { choices_.format = FormatOf(name); },
+           "Format selected first")
+        ->transform(CLI::IsMember(FormatNames(), CLI::ignore_case));
+    // Number: an empty argument is none.
+    app.add_option("--quality", choices_.quality, "JPEG quality shown first, 1 to 100")
+        ->check(CLI::Number);
+    app.add_option("--compression", choices_.compression, "PNG compression shown first, 0 to 9")
+        ->check(CLI::Number);
     app.add_flag("--rle", choices_.rle, "BMP run-length encoding ticked first");
     app.add_flag("--write", write_, "Save the guest's picture");
   }

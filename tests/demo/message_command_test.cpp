@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "command_line.h"
+#include "demo/run_in_process.h"
 #include "frontend/gui/sdl_message_box.h"
 #include "support/call_recorder.h"
 #include "support/dialog_script.h"
@@ -20,23 +20,6 @@ namespace {
 using testing::DialogScript;
 using ::testing::HasSubstr;
 using testing::Recorder;
-
-struct Ended {
-  int status = -1;
-  std::string out;
-  std::string err;
-};
-
-Ended RunProgramWith(std::vector<const char*> arguments) {
-  arguments.insert(arguments.begin(), "quindle_dialogs");
-  ::testing::internal::CaptureStdout();
-  ::testing::internal::CaptureStderr();
-  Ended ended;
-  ended.status = RunDemo(static_cast<int>(arguments.size()), arguments.data());
-  ended.out = ::testing::internal::GetCapturedStdout();
-  ended.err = ::testing::internal::GetCapturedStderr();
-  return ended;
-}
 
 // Clicks into the middle of a button of a box with `captions`, laid out as the box does it.
 void ClickButton(const std::vector<std::string>& captions, int index) {
