@@ -211,6 +211,7 @@ TEST_F(MessageBoxX11, ButtonUnderPointerIsHighlighted) {
 TEST_F(MessageBoxX11, MessageTallerThanAnyWindowIsSurvived) {
   const OwnedTtfFont font = OpenSdlUiFontHandle(14, false, SdlUiFontKind::Ui);
   SdlMessageBox::Config config = Question();
+  config.message.clear();
   int height = 0;
   do {
     config.message += '\n';
