@@ -75,7 +75,7 @@ void ListingAgainstFloor(benchmark::State& state) {
   const fs::path& dir = FolderOfFiles(static_cast<int>(state.range(0)));
   std::vector<Seconds> floor;
   std::vector<Seconds> picker;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     floor.push_back(TimeOf([&] { return FloorListing(dir); }));
     picker.push_back(TimeOf([&] { return PickerListing(dir); }));
     state.SetIterationTime(picker.back().count());
@@ -93,7 +93,7 @@ BENCHMARK(ListingAgainstFloor)
 
 void BytesPerRow(benchmark::State& state) {
   const fs::path& dir = FolderOfFiles(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const std::size_t before = AllocatedBytes();
     ResetPeakAllocatedBytes();
     const std::vector<PickerEntry> rows = PickerListing(dir);
@@ -113,7 +113,8 @@ std::vector<PickerEntry> LoadManyRows(const fs::path& dir) {
   std::vector<PickerEntry> rows;
   for (int i = 0; i < g_row_count; ++i) {
     std::string name = "Disk " + std::to_string(100000 + i);
-    name.append(std::max(g_name_length, name.size()) - name.size(), 'a' + i % 26);
+    name.append(std::max(g_name_length, name.size()) - name.size(),
+                static_cast<char>('a' + i % 26));
     rows.push_back(PickerEntry{name, dir / name, false});
   }
   return rows;
@@ -143,7 +144,7 @@ Seconds MedianFrame(int row_count, std::size_t name_length = 0) {
 void FrameOfManyRowsAgainstFew(benchmark::State& state) {
   std::vector<Seconds> few;
   std::vector<Seconds> many;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     few.push_back(MedianFrame(30));
     many.push_back(MedianFrame(static_cast<int>(state.range(0))));
     state.SetIterationTime(many.back().count());
@@ -164,7 +165,7 @@ BENCHMARK(FrameOfManyRowsAgainstFew)
 void FrameOfCutNamesAgainstFull(benchmark::State& state) {
   std::vector<Seconds> full;
   std::vector<Seconds> cut;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     full.push_back(MedianFrame(30, 70));
     cut.push_back(MedianFrame(30, 255));
     state.SetIterationTime(cut.back().count());
@@ -183,7 +184,7 @@ BENCHMARK(FrameOfCutNamesAgainstFull)
 // system's cache.
 void OpenToFirstPresent(benchmark::State& state) {
   const std::string dir = FolderOfFiles(static_cast<int>(state.range(0))).string();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const std::vector<Seconds> times =
         TimeFrames(1, [&dir] { frontend::gui::ShowSimpleFloppyFilePicker(nullptr, dir); });
     state.SetIterationTime(times.front().count());
