@@ -141,6 +141,17 @@ void Escape() {
   KeyDown(SDLK_ESCAPE);
 }
 
+// Types of what is left in the queue. Showing and closing windows leaves window events there.
+std::vector<Uint32> QueuedInput() {
+  std::vector<Uint32> types;
+  for (const SDL_Event& event : QueuedEvents()) {
+    if (event.type != SDL_WINDOWEVENT) {
+      types.push_back(event.type);
+    }
+  }
+  return types;
+}
+
 // --- Opening -------------------------------------------------------------------------------------
 
 TEST_F(PickerDialogTest, OpensAWindowAsTheOptionsSay) {
@@ -1117,7 +1128,7 @@ TEST_F(PickerDialogTest, EscapeQuitAndCloseCancel) {
 
 TEST_F(PickerDialogTest, QuitIsConsumed) {
   Play({[] { Quit(); }});
-  EXPECT_THAT(QueuedEvents(), IsEmpty());
+  EXPECT_THAT(QueuedInput(), IsEmpty());
 }
 
 TEST_F(PickerDialogTest, CloseOfAnotherWindowIsDropped) {
@@ -1128,7 +1139,7 @@ TEST_F(PickerDialogTest, CloseOfAnotherWindowIsDropped) {
             [] { KeyDown(SDLK_RETURN); }},
            FolderOptions(), parent),
       "/");
-  EXPECT_THAT(QueuedEvents(), IsEmpty());
+  EXPECT_THAT(QueuedInput(), IsEmpty());
 }
 
 TEST_F(PickerDialogTest, FirstDecidingEventWins) {
@@ -1160,7 +1171,7 @@ TEST_F(PickerDialogTest, NothingBehindTheDecidingEventIsActedOn) {
     KeyDown(SDLK_RETURN);
   }});
   EXPECT_THAT(g_loaded, SizeIs(1));
-  EXPECT_THAT(QueuedEvents(), IsEmpty()) << "the drain empties the queue all the same";
+  EXPECT_THAT(QueuedInput(), IsEmpty()) << "the drain empties the queue all the same";
 }
 
 TEST_F(PickerDialogTest, DecidedFrameIsStillDrawn) {
