@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 using namespace frontend::gui;  // NOLINT(google-build-using-namespace)
 
 constexpr int kEvents = 200000;
-constexpr int kEventsPerFrame = 8;
+constexpr int kEventsPerFrame = 16;
 
 // One input event, for the dialog and for the model.
 struct Input {
@@ -349,7 +349,7 @@ class RandomInput {
   }
 
   void PlacePointer(int width, int height, Input* input) {
-    input->clicks = static_cast<Uint8>(Below(12) == 0 ? 2 : 1);
+    input->clicks = static_cast<Uint8>(Below(25) == 0 ? 2 : 1);
     input->button = Below(10) == 0 ? Uint8{SDL_BUTTON_RIGHT} : Uint8{SDL_BUTTON_LEFT};
     input->x = Below(width + 40) - 20;
     input->y = Below(height + 40) - 20;
