@@ -14,6 +14,7 @@
 #include "opengl/shader_preset.h"
 #include "utils/ascii_text.h"
 #include "utils/file_utils.h"
+#include "utils/large_pages.h"
 #include "utils/string_utils.h"
 
 namespace quindle::frontend::gui {
@@ -125,6 +126,16 @@ std::optional<ShaderParameterSpec> ParseDeclaration(std::string_view line) {
   return spec;
 }
 
+// The lines that may be declarations. A vector that grows step by step would cost a long file more
+// than this first look at its lines.
+std::size_t CountDeclarationLines(std::string_view contents) {
+  std::size_t count = 0;
+  while (!contents.empty()) {
+    count += DeclarationOnLine(utils::take_line(&contents)) ? 1U : 0U;
+  }
+  return count;
+}
+
 // --- Preset overrides ----------------------------------------------------------------------------
 
 // A line of a preset without its white space and the line end's '\r'.
@@ -213,6 +224,8 @@ std::vector<ShaderParameterSpec> ParseShaderParameterSpecs(const std::string& pa
   if (!contents) {
     return specs;
   }
+  specs.reserve(CountDeclarationLines(*contents));
+  utils::prefer_large_pages(specs.data(), specs.capacity() * sizeof(ShaderParameterSpec));
   std::string_view rest = *contents;
   while (!rest.empty()) {
     std::optional<ShaderParameterSpec> spec = ParseDeclaration(utils::take_line(&rest));
