@@ -18,6 +18,9 @@ function(quindle_add_test name)
   set(environment SDL_AUDIODRIVER=dummy)
   if(arg_X11)
     list(APPEND arg_LABELS x11)
+    # The graphics driver and the session bus leak, and are unloaded before they could be told apart.
+    # The same code is checked for leaks by the tests without a display.
+    list(APPEND environment ASAN_OPTIONS=detect_leaks=0)
     set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
   else()
     list(APPEND environment SDL_VIDEODRIVER=dummy)
