@@ -65,6 +65,7 @@ std::string GuestPixels(X11WindowId window) {
 class DemoWindow : public testing::X11DisplayTest {
  protected:
   void SetUp() override {
+    WaitForX11WindowGone(kHostTitle);  // That of the test before.
     program_ = std::make_unique<ChildProcess>(std::vector<std::string>{QUINDLE_DEMO_PROGRAM});
     host_ = WaitForX11Window(kHostTitle);
     WaitForX11Focus(host_);
