@@ -35,7 +35,7 @@ using testing::X11WindowId;
 constexpr const char* kHostTitle = "Quindle demo host";
 constexpr const char* kBoxTitle = "Message box";
 // In the first button, and in the line of the result, of a window of 900 x 760 pixels.
-constexpr SDL_Point kFirstButton{40, 650};
+constexpr SDL_Point kFirstButton{40, 610};
 constexpr SDL_Rect kResultLine{12, 672, 876, 44};
 
 frontend::gui::OwnedSdlSurface Shoot(X11WindowId window) {
@@ -59,7 +59,7 @@ std::string PixelsIn(X11WindowId window, const SDL_Rect& area) {
 
 // The lower half of the guest picture, which no message box covers.
 std::string GuestPixels(X11WindowId window) {
-  return PixelsIn(window, {60, 340, 780, 270});
+  return PixelsIn(window, {80, 340, 740, 230});
 }
 
 class DemoWindow : public testing::X11DisplayTest {
