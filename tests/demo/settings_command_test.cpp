@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <string>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "command_table.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
 #include "frontend/gui/settings_dialog.h"
+#include "host_window.h"
 #include "support/dialog_test.h"
 
 namespace quindle::demo {
@@ -254,6 +256,61 @@ TEST_F(SettingsCommand, StatusNamesTheCustomFontFile) {
       .Step(&Escape);
   settings->ShowInHost(session);
   EXPECT_EQ(session.status["font"], "ttf-custom IBMPlexSans-Regular.ttf");
+}
+
+// The status line of the latest frame of the demo window.
+std::string StatusLine(SDL_Window* host) {
+  const auto& frames = Recorder().frames();
+  for (auto frame = frames.rbegin(); frame != frames.rend(); ++frame) {
+    const auto* text = frame->FindTextContaining("guest: ");
+    if (frame->window == host && text != nullptr) {
+      return text->text;
+    }
+  }
+  return "";
+}
+
+// Steps that run at the end of each frame of the dialog; the heartbeat is the demo window's own.
+TEST_F(SettingsCommand, DemoWindowSaysAtOnceWhatWasApplied) {
+  const DemoCommands commands = MakeDemoCommands();
+  HostWindow host(commands);
+  const auto draw_and_read = [&host] {
+    host.Draw();
+    return StatusLine(host.Window());
+  };
+  const std::vector<std::function<void()>> steps{
+      [] { PressRow(2); },
+      [] { ClickPage(0); },
+      [&] {
+        EXPECT_THAT(draw_and_read(), HasSubstr("guest: 50 fps"));
+        PressApply();
+      },
+      [&] {
+        EXPECT_THAT(draw_and_read(), HasSubstr("guest: 25 fps"));
+        PressRow(3);
+      },
+      [] { ClickPage(34); },
+      &PressApply,
+      [&] {
+        EXPECT_THAT(draw_and_read(), HasSubstr("font: pixel"));
+        EXPECT_THAT(draw_and_read(), HasSubstr("renderer: software"));
+        Escape();
+        testing::Quit();  // Stays unread by the dialog and ends the demo window.
+      },
+  };
+  std::size_t next = 0;
+  Recorder().OnDelay([&](Uint32) {
+    if (next < steps.size()) {
+      steps[next++]();
+    }
+  });
+  for (std::size_t i = 0; i < commands.size(); ++i) {
+    if (commands[i]->Name() == "settings") {
+      testing::KeyDown(static_cast<SDL_Keycode>(SDLK_1 + i), SDL_GetWindowID(host.Window()));
+    }
+  }
+  host.Run();
+  EXPECT_EQ(next, steps.size());
 }
 
 }  // namespace
