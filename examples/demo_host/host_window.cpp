@@ -18,6 +18,7 @@ using frontend::gui::SdlUiFontKind;
 
 constexpr int kInitialWidth = 900;
 constexpr int kInitialHeight = 760;
+constexpr int kLongestPauseMs = 10;  // Input waits no longer than this.
 constexpr SDL_Color kBackground{14, 16, 20, 255};
 constexpr SDL_Color kButtonFill{48, 54, 68, 255};
 constexpr SDL_Color kButtonHoverFill{68, 76, 92, 255};
@@ -123,9 +124,12 @@ void HostWindow::Run() {
   while (!closing_) {
     Tick();
     SDL_Event event;
-    if (SDL_WaitEventTimeout(&event, std::max(1, MillisecondsToNextFrame())) != 0) {
+    while (!closing_ && SDL_PollEvent(&event) != 0) {
       HandleEvent(event);
     }
+    // Not SDL_WaitEventTimeout: on X11 it may wake a window that is destroyed meanwhile, and the
+    // error ends the program with status 1.
+    SDL_Delay(static_cast<Uint32>(std::clamp(MillisecondsToNextFrame(), 1, kLongestPauseMs)));
   }
   frontend::gui::SetModalDialogHeartbeat({});
 }
