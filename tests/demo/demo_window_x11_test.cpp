@@ -69,6 +69,7 @@ class DemoWindow : public testing::X11DisplayTest {
     program_ = std::make_unique<ChildProcess>(std::vector<std::string>{QUINDLE_DEMO_PROGRAM});
     host_ = WaitForX11Window(kHostTitle);
     WaitForX11Focus(host_);
+    testing::WaitForX11WindowToRest(host_);
   }
 
   void ExpectAnimated() const {
@@ -142,6 +143,7 @@ TEST_F(MessageProgram, PrintsTheClickedButton) {
                         "1:Yes:default", "--button", "2:No:cancel"});
   const X11WindowId box = WaitForX11Window("Overwrite?");
   WaitForX11Focus(box);
+  testing::WaitForX11WindowToRest(box);
   const SDL_Rect size = testing::X11WindowGeometry(box);
   ClickAt(box, size.w - 160, size.h - 36);
   const ProgramResult result = WaitForProgram(&program);
@@ -155,6 +157,7 @@ TEST_F(MessageProgram, ClosedByTheWindowManagerIsCancelled) {
   ChildProcess program({QUINDLE_DEMO_PROGRAM, "message", "--title", "Overwrite?"});
   const X11WindowId box = WaitForX11Window("Overwrite?");
   WaitForX11Focus(box);
+  testing::WaitForX11WindowToRest(box);
   testing::CloseByWindowManager(box);
   const ProgramResult result = WaitForProgram(&program);
   EXPECT_EQ(result.exit_status, 1);

@@ -196,6 +196,17 @@ X11WindowId FocusedX11Window() {
   return focus.exit_status == 0 ? std::strtoul(focus.out.c_str(), nullptr, 10) : 0;
 }
 
+void WaitForX11WindowToRest(X11WindowId window) {
+  SDL_Rect last{};
+  int unmoved = 0;
+  WaitForX11Step("the window to stay where it is", [&] {
+    const SDL_Rect now = X11WindowGeometry(window);
+    unmoved = SDL_RectEquals(&now, &last) == SDL_TRUE ? unmoved + 1 : 0;
+    last = now;
+    return unmoved >= 10;
+  });
+}
+
 void WaitForX11Focus(X11WindowId window) {
   WaitForX11Step("window " + std::to_string(window) + " gets the focus",
                  [window] { return FocusedX11Window() == window; });

@@ -79,6 +79,9 @@ X11WindowId WaitForX11Window(const std::string& title);
 /// How many visible windows have exactly this title now.
 std::size_t CountX11Windows(const std::string& title);
 
+/// Waits until the window manager has put `window` where it stays; a click before that may miss.
+void WaitForX11WindowToRest(X11WindowId window);
+
 /// Waits until no visible window has this title.
 void WaitForX11WindowGone(const std::string& title);
 

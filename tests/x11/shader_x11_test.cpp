@@ -38,18 +38,6 @@ std::vector<double> ValuesOf(const Json& line) {
   return values;
 }
 
-// Waits until the window manager has put the window where it stays.
-void WaitForRest(X11WindowId window) {
-  SDL_Rect last{};
-  int unmoved = 0;
-  WaitForX11Step("the window to stay where it is", [&] {
-    const SDL_Rect now = X11WindowGeometry(window);
-    unmoved = SDL_RectEquals(&now, &last) == SDL_TRUE ? unmoved + 1 : 0;
-    last = now;
-    return unmoved >= 10;
-  });
-}
-
 class ShaderX11 : public X11DisplayTest {
  protected:
   // Starts the program on `count` parameters of 0 .. 10 in steps of 0.5 that stand at 5.
@@ -65,7 +53,7 @@ class ShaderX11 : public X11DisplayTest {
     program_ = std::make_unique<ChildProcess>(command);
     dialog_ = WaitForX11Window("Shader Parameters");
     WaitForX11Focus(dialog_);
-    WaitForRest(dialog_);
+    testing::WaitForX11WindowToRest(dialog_);
   }
 
   // Applies and returns the values of the line that this prints, while the dialog stays open.
@@ -152,7 +140,7 @@ TEST_F(ShaderX11, ResizedWindowKeepsItsButtonsInTheCorner) {
     const SDL_Rect client = X11WindowGeometry(dialog_);
     return client.w == 700 && client.h == 600;
   });
-  WaitForRest(dialog_);
+  testing::WaitForX11WindowToRest(dialog_);
   const std::size_t before = Lines().size();
   ClickAt(dialog_, 700 - 98 + 39, 600 - 39 + 13);
   EXPECT_EQ(NextApply(before), std::vector<double>(10, 5.0));
@@ -201,7 +189,7 @@ double DimTheGuest(const std::vector<std::string>& command, const TemporaryDirec
     PressKey(ShaderNumberKey());
     const X11WindowId dialog = WaitForX11Window("Shader Parameters");
     WaitForX11Focus(dialog);
-    WaitForRest(dialog);
+    testing::WaitForX11WindowToRest(dialog);
     if (dim) {
       ClickAt(dialog, 260, 60);
     }
