@@ -113,7 +113,7 @@ class HddCommand : public DemoCommand {
 
   CommandOutcome Run() override {
     const HddCreateDialogResult result =
-        ShowSimpleHddCreateDialog(nullptr, ResolveUserFolder(folder_), size_mb_);
+        ShowSimpleHddCreateDialog(nullptr, FolderOrStart(ResolveUserPath(folder_)), size_mb_);
     CommandOutcome outcome{result.accepted ? ExitStatus::Accepted : ExitStatus::Cancelled,
                            ToJson(result), ""};
     if (create_) {
@@ -124,7 +124,7 @@ class HddCommand : public DemoCommand {
 
   Json ShowInHost(DemoSession& session) override {
     const HddCreateDialogResult result =
-        ShowSimpleHddCreateDialog(session.host, session.last_folder, size_mb_);
+        ShowSimpleHddCreateDialog(session.host, FolderOrStart(session.last_folder), size_mb_);
     if (result.accepted) {
       session.last_folder = result.folder;
       size_mb_ = result.size_mb;

@@ -197,7 +197,7 @@ class ScreenshotCommand : public DemoCommand {
   }
 
   CommandOutcome Run() override {
-    choices_.folder = ResolveUserFolder(choices_.folder);
+    choices_.folder = FolderOrStart(ResolveUserPath(choices_.folder));
     const GuestPicture guest;
     const ScreenshotSaveDialogResult result = Show(nullptr, choices_);
     CommandOutcome outcome{result.accepted ? ExitStatus::Accepted : ExitStatus::Cancelled,
@@ -211,7 +211,7 @@ class ScreenshotCommand : public DemoCommand {
   // Saves what the guest showed when the button was pressed.
   Json ShowInHost(DemoSession& session) override {
     const OwnedSdlSurface picture = Capture(session.guest);
-    choices_.folder = session.last_folder;
+    choices_.folder = FolderOrStart(session.last_folder);
     const ScreenshotSaveDialogResult result = Show(session.host, choices_);
     if (result.accepted) {
       Remember(result);

@@ -59,8 +59,8 @@ std::string ResolveUserPath(const std::string& path) {
   return (g_start_directory / path).string();
 }
 
-std::string ResolveUserFolder(const std::string& folder) {
-  return folder.empty() ? g_start_directory.string() : ResolveUserPath(folder);
+std::string FolderOrStart(const std::string& folder) {
+  return folder.empty() ? g_start_directory.string() : folder;
 }
 
 }  // namespace quindle::demo

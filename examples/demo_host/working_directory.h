@@ -13,8 +13,8 @@ void EnterDataDirectory();
 // while that is still the working directory, otherwise made absolute. Empty stays empty.
 std::string ResolveUserPath(const std::string& path);
 
-// As ResolveUserPath, for a folder in which something is to be saved: empty means where the program
-// was started, and stays empty while that is the working directory.
-std::string ResolveUserFolder(const std::string& folder);
+// A folder in which something is to be saved: `folder`, or where the program was started when that
+// is empty. Stays empty while the program works where it was started.
+std::string FolderOrStart(const std::string& folder);
 
 }  // namespace quindle::demo
