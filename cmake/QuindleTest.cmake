@@ -5,7 +5,7 @@
 function(quindle_add_test name)
   cmake_parse_arguments(arg "X11" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
   if(NOT arg_TIMEOUT)
-    set(arg_TIMEOUT 120)
+    set(arg_TIMEOUT 300)
   endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE
