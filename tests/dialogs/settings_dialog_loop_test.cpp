@@ -200,6 +200,7 @@ TEST_F(SettingsDialog, ClosesFontsThenWindowThenHandsTheFocusBack) {
 
 TEST_F(SettingsDialog, WithoutAWindowOrRendererReturnsSilently) {
   for (const char* failing : {"SDL_CreateWindow", "SDL_CreateRenderer"}) {
+    const DialogScript nobody(10);  // Ends a dialog that opens after all, and fails.
     MakeParent();
     Recorder().ForgetCalls();
     Recorder().FailCall(failing);
@@ -216,6 +217,7 @@ TEST_F(SettingsDialog, MissingFontIsSaidOverTheParent) {
   // Both fonts are missing, the first one (3 own files and 10 system files are tried), the second.
   for (const int missing : {0, 1, 2}) {
     SCOPED_TRACE(missing);
+    const DialogScript nobody(10);  // Ends a dialog that opens after all, and fails.
     MakeParent();
     Recorder().Reset();
     int requests = 0;
