@@ -165,12 +165,14 @@ class RandomScreenshotUser : public RandomFormUser {
     model_.start_compression = random_.Below(10);
     model_.folder = random_.OneIn(2) ? tree_.one() : tree_.two();
     model_.rle = random_.OneIn(2);
-    model_.fields = {{0, "shot"},
+    // Now and then a name that typing can bring to its limit.
+    const std::string name = random_.OneIn(4) ? std::string(170, 'n') : "shot";
+    model_.fields = {{0, name},
                      {1, std::to_string(model_.start_quality)},
                      {2, std::to_string(model_.start_compression)}};
     model_.fields[0] = model_.Renamed();
     CheckResult(ShowScreenshotSaveDialog(
-        nullptr, model_.folder, "shot.xyz", static_cast<ScreenshotSaveFormat>(model_.format),
+        nullptr, model_.folder, name + ".xyz", static_cast<ScreenshotSaveFormat>(model_.format),
         model_.start_quality, model_.start_compression, model_.rle));
   }
   void CheckFrame() override {
