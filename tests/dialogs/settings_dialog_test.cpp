@@ -280,7 +280,7 @@ TEST_F(SettingsList, HighlightsTheItemUnderTheMouseUnlessSelected) {
     if (c.row) {
       EXPECT_THAT(drawn.Fills(kHover), ElementsAre(NavRow(*c.row)))
           << c.mouse_x << ' ' << c.mouse_y;
-      const std::string& label = BuildSettingsNavItems()[static_cast<std::size_t>(*c.row)].label;
+      const std::string label = BuildSettingsNavItems()[static_cast<std::size_t>(*c.row)].label;
       EXPECT_EQ(drawn.FindText(label)->color, kMiddle);
     } else {
       EXPECT_THAT(drawn.Fills(kHover), IsEmpty()) << c.mouse_x << ' ' << c.mouse_y;
