@@ -5,19 +5,16 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdio>
 #include <filesystem>
-#include <map>
-#include <memory>
 #include <string>
 #include <system_error>
 #include <utility>
 #include <vector>
 
 #include "allocation_meter.h"
+#include "bench_dialogs.h"
 #include "frame_meter.h"
 #include "frontend/gui/sdl_pickers.h"
-#include "support/temporary_directory.h"
 #include "utils/string_utils.h"
 
 namespace quindle::bench {
@@ -26,21 +23,6 @@ namespace {
 namespace fs = std::filesystem;
 using frontend::gui::PickerEntry;
 using frontend::gui::SdlPickerDialogOptions;
-
-// A folder of `count` files, of which the floppy loader takes every other one.
-const fs::path& FolderOfFiles(int count) {
-  static std::map<int, std::unique_ptr<testing::TemporaryDirectory>> folders;
-  std::unique_ptr<testing::TemporaryDirectory>& folder = folders[count];
-  if (folder == nullptr) {
-    folder = std::make_unique<testing::TemporaryDirectory>();
-    for (int i = 0; i < count; ++i) {
-      char name[32];
-      std::snprintf(name, sizeof name, i % 2 == 0 ? "Disk %06d.IMG" : "notes %06d.txt", i);
-      folder->Write(name, "");
-    }
-  }
-  return folder->path();
-}
 
 // The least that any listing has to do: one pass with the type that came with the directory, one
 // lowered key for each accepted row, one sort of the keys. A picker's rows come on top.
@@ -72,7 +54,7 @@ Seconds TimeOf(Work work) {
 }
 
 void ListingAgainstFloor(benchmark::State& state) {
-  const fs::path& dir = FolderOfFiles(static_cast<int>(state.range(0)));
+  const fs::path dir = FolderOfFiles(static_cast<int>(state.range(0)));
   std::vector<Seconds> floor;
   std::vector<Seconds> picker;
   for ([[maybe_unused]] auto _ : state) {
@@ -92,7 +74,7 @@ BENCHMARK(ListingAgainstFloor)
     ->Iterations(15);
 
 void BytesPerRow(benchmark::State& state) {
-  const fs::path& dir = FolderOfFiles(static_cast<int>(state.range(0)));
+  const fs::path dir = FolderOfFiles(static_cast<int>(state.range(0)));
   for ([[maybe_unused]] auto _ : state) {
     const std::size_t before = AllocatedBytes();
     ResetPeakAllocatedBytes();
@@ -183,7 +165,7 @@ BENCHMARK(FrameOfCutNamesAgainstFull)
 // From the call to the end of the first frame, which is on the screen then; the folder is in the
 // system's cache.
 void OpenToFirstPresent(benchmark::State& state) {
-  const std::string dir = FolderOfFiles(static_cast<int>(state.range(0))).string();
+  const std::string& dir = FolderOfFiles(static_cast<int>(state.range(0)));
   for ([[maybe_unused]] auto _ : state) {
     const std::vector<Seconds> times =
         TimeFrames(1, [&dir] { frontend::gui::ShowSimpleFloppyFilePicker(nullptr, dir); });
