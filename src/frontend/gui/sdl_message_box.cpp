@@ -49,13 +49,12 @@ class LineFiller {
     if (word_.empty()) {
       return;
     }
-    std::string candidate = line_.empty() ? word_ : line_ + ' ' + word_;
-    if (Fits(candidate)) {
+    if (line_.empty()) {  // A first word stays, however wide it is.
+      line_ = std::move(word_);
+    } else if (std::string candidate = line_ + ' ' + word_; Fits(candidate)) {
       line_ = std::move(candidate);
     } else {
-      if (!line_.empty()) {
-        lines_.push_back(std::move(line_));
-      }
+      lines_.push_back(std::move(line_));
       line_ = std::move(word_);
     }
     word_.clear();
