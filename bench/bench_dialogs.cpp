@@ -93,6 +93,37 @@ void ShowAbout(SDL_Window* parent, const std::string& /*folder*/) {
   gui::ShowSimpleAboutDialog(parent, 1.0F);
 }
 
+// Folders of empty files, one for each count.
+class FolderList {
+ public:
+  // The names of the files with even and with odd numbers; "%06d" becomes the number.
+  FolderList(const char* even_name, const char* odd_name)
+      : even_name_(even_name), odd_name_(odd_name) {}
+
+  const std::string& FindOrMake(int count) {
+    std::unique_ptr<Folder>& folder = folders_[count];
+    if (folder == nullptr) {
+      folder = std::make_unique<Folder>();
+      folder->path = folder->directory.path().string();
+      for (int i = 0; i < count; ++i) {
+        char name[32];
+        std::snprintf(name, sizeof name, i % 2 == 0 ? even_name_ : odd_name_, i);
+        folder->directory.Write(name, "");
+      }
+    }
+    return folder->path;
+  }
+
+ private:
+  struct Folder {
+    testing::TemporaryDirectory directory;
+    std::string path;
+  };
+  const char* even_name_;
+  const char* odd_name_;
+  std::map<int, std::unique_ptr<Folder>> folders_;
+};
+
 constexpr std::array<BenchDialog, 8> kDialogs{{
     {"message", ShowMessage},
     {"picker", ShowFilePicker},
@@ -111,28 +142,20 @@ std::span<const BenchDialog> BenchDialogs() {
 }
 
 const BenchDialog* FindBenchDialog(const std::string& name) {
-  const auto* found = std::find_if(kDialogs.begin(), kDialogs.end(),
-                                   [&name](const BenchDialog& dialog) { return dialog.name == name; });
+  const auto* found =
+      std::find_if(kDialogs.begin(), kDialogs.end(),
+                   [&name](const BenchDialog& dialog) { return dialog.name == name; });
   return found == kDialogs.end() ? nullptr : found;
 }
 
 const std::string& FolderOfFiles(int count) {
-  struct Folder {
-    testing::TemporaryDirectory directory;
-    std::string path;
-  };
-  static std::map<int, std::unique_ptr<Folder>> folders;
-  std::unique_ptr<Folder>& folder = folders[count];
-  if (folder == nullptr) {
-    folder = std::make_unique<Folder>();
-    folder->path = folder->directory.path().string();
-    for (int i = 0; i < count; ++i) {
-      char name[32];
-      std::snprintf(name, sizeof name, i % 2 == 0 ? "Disk %06d.IMG" : "notes %06d.txt", i);
-      folder->directory.Write(name, "");
-    }
-  }
-  return folder->path;
+  static FolderList folders("Disk %06d.IMG", "notes %06d.txt");
+  return folders.FindOrMake(count);
+}
+
+const std::string& FolderOfImages(int count) {
+  static FolderList folders("Disk %06d.IMG", "Disk %06d.IMG");
+  return folders.FindOrMake(count);
 }
 
 }  // namespace quindle::bench

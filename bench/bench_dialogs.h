@@ -24,5 +24,7 @@ const BenchDialog* FindBenchDialog(const std::string& name);
 // Makes a folder with `count` empty files in it, half of them floppy images; removed at the
 // program's end. The same folder for the same count.
 const std::string& FolderOfFiles(int count);
+// As FolderOfFiles, but all of them are floppy images.
+const std::string& FolderOfImages(int count);
 
 }  // namespace quindle::bench

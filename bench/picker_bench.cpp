@@ -68,10 +68,18 @@ void ListingAgainstFloor(benchmark::State& state) {
 }
 BENCHMARK(ListingAgainstFloor)
     ->Name("Pickers/ListingAgainstFloor")
+    ->Arg(50)
+    ->Arg(10000)
     ->Arg(100000)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
     ->Iterations(15);
+BENCHMARK(ListingAgainstFloor)
+    ->Name("Pickers/ListingAgainstFloor")
+    ->Arg(1000000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
 
 void BytesPerRow(benchmark::State& state) {
   const fs::path dir = FolderOfFiles(static_cast<int>(state.range(0)));
