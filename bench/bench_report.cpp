@@ -182,7 +182,9 @@ std::string PlainName(const std::string& benchmark) {
 void AddBenchmark(const nlohmann::json& run, std::vector<TableRow>* rows) {
   const std::string name = run.at("name");
   const std::string group = GroupOf(name);
-  rows->push_back({group, PlainName(name), run.at("real_time"), run.at("time_unit"), {}});
+  if (name.ends_with("/manual_time")) {  // The others count no time.
+    rows->push_back({group, PlainName(name), run.at("real_time"), run.at("time_unit"), {}});
+  }
   for (const char* counter : {"ratio", "bytes_per_row"}) {
     if (run.contains(counter)) {
       const auto limit =
