@@ -341,6 +341,20 @@ TEST_F(SharedDrawing, NothingFitsInNoRoom) {
   EXPECT_EQ(FitTextRight(font_.get(), "text", -5), "");
 }
 
+// Measuring costs half as much as drawing, so what is clearly narrower or wider goes without.
+TEST_F(SharedDrawing, OnlyTextOfAboutTheWidthIsMeasured) {
+  const std::string text = "floppies/system.img";
+  const auto measurements_in = [&](int width) {
+    const auto before = Recorder().CallCount("TTF_SizeUTF8");
+    EXPECT_EQ(FitTextLeft(font_.get(), text, width), text);
+    return Recorder().CallCount("TTF_SizeUTF8") - before;
+  };
+  const int width = Width(text);
+  EXPECT_EQ(measurements_in(2 * width + 20), 0);
+  EXPECT_EQ(measurements_in(width + 20), 1);
+  EXPECT_EQ(measurements_in(width), 1);
+}
+
 TEST_F(SharedDrawing, HugeTextIsNotMeasuredWhole) {
   const std::string huge(5'000'000, 'x');
   const std::string fitted = FitTextLeft(font_.get(), huge, 200);

@@ -49,12 +49,13 @@ class LineFiller {
     if (word_.empty()) {
       return;
     }
-    if (line_.empty()) {  // A first word stays, however wide it is.
-      line_ = std::move(word_);
-    } else if (std::string candidate = line_ + ' ' + word_; Fits(candidate)) {
+    std::string candidate = line_.empty() ? word_ : line_ + ' ' + word_;
+    if (Fits(candidate)) {
       line_ = std::move(candidate);
     } else {
-      lines_.push_back(std::move(line_));
+      if (!line_.empty()) {
+        lines_.push_back(std::move(line_));
+      }
       line_ = std::move(word_);
     }
     word_.clear();
