@@ -397,6 +397,10 @@ TEST_F(LinkRowTest, MissingFontsCountWithFixedHeights) {
   const Frame no_label = Draw(nullptr, value.get(), {0, 0, 300, 59}, false);
   EXPECT_EQ(no_label.FindText("value")->rect.y, 9 + 14 + 4);
   Recorder().ForgetDraws();
+  // Spare 19: a label of 15 would push the value down.
+  EXPECT_EQ(Draw(nullptr, value.get(), {0, 0, 300, 60}, false).FindText("value")->rect.y,
+            9 + 14 + 4);
+  Recorder().ForgetDraws();
   const OwnedTtfFont label = OpenSdlUiFontHandle(16, true, SdlUiFontKind::Ui);
   // Label 21, value 16: a block of 41, spare 18 and then 17.
   EXPECT_EQ(Draw(label.get(), nullptr, {0, 0, 300, 59}, false).FindText("LABEL")->rect.y, 9);
