@@ -5,13 +5,11 @@
 #include <limits>
 #include <stdexcept>
 
-#include "frontend/gui/drawable_text.h"
+#include "frontend/gui/form_draw.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/sdl_pickers.h"
-#include "frontend/gui/sdl_text_fit.h"
-#include "frontend/gui/sdl_ui_font_cache.h"
 #include "frontend/gui/text_entry.h"
 #include "utils/path_utils.h"
 #include "utils/string_utils.h"
@@ -33,22 +31,9 @@ constexpr std::size_t kMaxNameBytes = 128;
 constexpr std::size_t kMaxShownFolderBytes = 58;
 constexpr std::size_t kMaxShownPathBytes = 95;
 
-constexpr SDL_Color kBackground{20, 23, 27, 255};
-constexpr SDL_Color kFieldFill{46, 52, 60, 255};
-constexpr SDL_Color kFieldOutline{80, 86, 96, 255};
-constexpr SDL_Color kFocusedFieldOutline{160, 176, 210, 255};
-constexpr SDL_Color kButtonFill{56, 64, 74, 255};
-constexpr SDL_Color kButtonOutline{95, 104, 116, 255};
-constexpr SDL_Color kTextColor{232, 236, 240, 255};
-constexpr SDL_Color kCaptionColor{170, 178, 190, 255};
 constexpr SDL_Color kPathColor{214, 221, 230, 255};
 
-constexpr int kLabelX = 20;
-constexpr int kFieldPadding = 8;
-
-TTF_Font* DialogFont() {
-  return GetCachedSdlUiFont(16, false, SdlUiFontKind::Ui);
-}
+constexpr int kFieldTextDrop = 9;  // From the top of a field to its text.
 
 std::string TextOr(const std::string& text, const char* substitute) {
   return text.empty() ? substitute : text;
@@ -90,66 +75,59 @@ void HandleRelease(const HddCreateDialogLayout& layout, SDL_Window* window, int 
 // --- Drawing -------------------------------------------------------------------------------------
 
 void DrawLabels(SDL_Renderer* renderer) {
-  DrawHddCreateDialogText(renderer, "Create new HDD image (.img)", kLabelX, 16, kTextColor);
-  DrawHddCreateDialogText(renderer, "Size (MB):", kLabelX, 80, kTextColor);
-  DrawHddCreateDialogText(renderer, "File name:", kLabelX, 140, kTextColor);
-  DrawHddCreateDialogText(renderer, "Folder:", kLabelX, 200, kTextColor);
+  DrawFormText(renderer, "Create new HDD image (.img)", kFormLabelX, 16, kFormText);
+  DrawFormText(renderer, "Size (MB):", kFormLabelX, 80, kFormText);
+  DrawFormText(renderer, "File name:", kFormLabelX, 140, kFormText);
+  DrawFormText(renderer, "Folder:", kFormLabelX, 200, kFormText);
 }
 
 void DrawFields(SDL_Renderer* renderer, const HddCreateDialogLayout& layout, int focus) {
   for (const SDL_Rect& field : {layout.size_field, layout.name_field, layout.folder_field}) {
-    FillRect(renderer, field, kFieldFill);
+    FillRect(renderer, field, kFormFieldFill);
   }
   for (const SDL_Rect& field : {layout.size_field, layout.name_field, layout.folder_field}) {
-    OutlineRect(renderer, field, kFieldOutline);
+    OutlineRect(renderer, field, kFormFieldOutline);
   }
   if (focus == kFocusSize) {
-    OutlineRect(renderer, layout.size_field, kFocusedFieldOutline);
+    OutlineRect(renderer, layout.size_field, kFormFocusedFieldOutline);
   } else if (focus == kFocusName) {
-    OutlineRect(renderer, layout.name_field, kFocusedFieldOutline);
+    OutlineRect(renderer, layout.name_field, kFormFocusedFieldOutline);
   }
 }
 
 void DrawButtons(SDL_Renderer* renderer, const HddCreateDialogLayout& layout) {
   for (const SDL_Rect& button :
        {layout.choose_button, layout.cancel_button, layout.create_button}) {
-    FillRect(renderer, button, kButtonFill);
+    FillRect(renderer, button, kFormButtonFill);
   }
   for (const SDL_Rect& button :
        {layout.choose_button, layout.cancel_button, layout.create_button}) {
-    OutlineRect(renderer, button, kButtonOutline);
+    OutlineRect(renderer, button, kFormButtonOutline);
   }
-}
-
-// A text that is too long for its field is clipped to it and shows its end, where typing goes on.
-void DrawFieldText(SDL_Renderer* renderer, const SDL_Rect& field, const std::string& text) {
-  DrawTextEndVisible(renderer, DialogFont(), DrawableText(text), field.x + kFieldPadding,
-                     field.y + 9, field.x + field.w - kFieldPadding, kTextColor);
 }
 
 void DrawFieldTexts(SDL_Renderer* renderer, const HddCreateDialogLayout& layout,
                     const HddCreateDialogState& state) {
-  DrawFieldText(renderer, layout.size_field, state.size_text);
-  DrawFieldText(renderer, layout.name_field, state.name_text);
-  DrawFieldText(renderer, layout.folder_field,
-                utils::ellipsize_left(state.folder_text, kMaxShownFolderBytes));
+  DrawFormFieldText(renderer, layout.size_field, state.size_text, kFieldTextDrop);
+  DrawFormFieldText(renderer, layout.name_field, state.name_text, kFieldTextDrop);
+  DrawFormFieldText(renderer, layout.folder_field,
+                    utils::ellipsize_left(state.folder_text, kMaxShownFolderBytes), kFieldTextDrop);
 }
 
 void DrawCaptions(SDL_Renderer* renderer, const HddCreateDialogLayout& layout) {
   const SDL_Rect& choose = layout.choose_button;
   const SDL_Rect& cancel = layout.cancel_button;
   const SDL_Rect& create = layout.create_button;
-  DrawHddCreateDialogText(renderer, "Choose", choose.x + 13, choose.y + 9, kTextColor);
-  DrawHddCreateDialogText(renderer, "Cancel", cancel.x + 23, cancel.y + 11, kTextColor);
-  DrawHddCreateDialogText(renderer, "Create", create.x + 31, create.y + 11, kTextColor);
+  DrawFormText(renderer, "Choose", choose.x + 13, choose.y + 9, kFormText);
+  DrawFormText(renderer, "Cancel", cancel.x + 23, cancel.y + 11, kFormText);
+  DrawFormText(renderer, "Create", create.x + 31, create.y + 11, kFormText);
 }
 
 void DrawTargetPath(SDL_Renderer* renderer, const HddCreateDialogState& state) {
-  DrawHddCreateDialogText(renderer, "Will be saved as:", kLabelX, 258, kCaptionColor);
+  DrawFormText(renderer, "Will be saved as:", kFormLabelX, 258, kFormDimText);
   const std::string target = BuildHddCreateTargetPath(state.folder_text, state.name_text);
-  DrawTextEndVisible(renderer, DialogFont(),
-                     DrawableText(utils::ellipsize_left(target, kMaxShownPathBytes)), kLabelX, 280,
-                     kWindowWidth - kLabelX, kPathColor);
+  DrawFormTextEnd(renderer, utils::ellipsize_left(target, kMaxShownPathBytes), kFormLabelX, 280,
+                  kWindowWidth - kFormLabelX, kPathColor);
 }
 
 // --- Loop ----------------------------------------------------------------------------------------
@@ -288,10 +266,7 @@ void CommitHddCreateDialogResult(HddCreateDialogState* state) {
 
 void DrawHddCreateDialogText(SDL_Renderer* renderer, const char* text, int x, int y,
                              SDL_Color colour) {
-  if (renderer == nullptr || text == nullptr) {
-    return;
-  }
-  DrawSdlUiText(renderer, DialogFont(), text, x, y, colour, nullptr);
+  DrawFormText(renderer, text, x, y, colour);
 }
 
 void RenderHddCreateDialog(SDL_Renderer* renderer, const HddCreateDialogState& state) {
@@ -299,7 +274,7 @@ void RenderHddCreateDialog(SDL_Renderer* renderer, const HddCreateDialogState& s
     return;
   }
   const HddCreateDialogLayout layout = BuildHddCreateDialogLayout();
-  ClearFrame(renderer, kBackground);
+  ClearFrame(renderer, kFormBackground);
   DrawLabels(renderer);
   DrawFields(renderer, layout, state.focus);
   DrawButtons(renderer, layout);

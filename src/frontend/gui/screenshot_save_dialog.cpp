@@ -5,13 +5,11 @@
 #include <filesystem>
 #include <system_error>
 
-#include "frontend/gui/drawable_text.h"
+#include "frontend/gui/form_draw.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/sdl_pickers.h"
-#include "frontend/gui/sdl_text_fit.h"
-#include "frontend/gui/sdl_ui_font_cache.h"
 #include "frontend/gui/text_entry.h"
 
 namespace quindle::frontend::gui {
@@ -36,23 +34,13 @@ constexpr std::array kFormats{ScreenshotSaveFormat::Png, ScreenshotSaveFormat::J
                               ScreenshotSaveFormat::Bmp};
 constexpr int kListRowPitch = 34;
 
-constexpr SDL_Color kBackground{20, 23, 27, 255};
 constexpr SDL_Color kHeaderFill{32, 36, 42, 255};
-constexpr SDL_Color kFieldFill{46, 52, 60, 255};
-constexpr SDL_Color kFieldOutline{80, 86, 96, 255};
-constexpr SDL_Color kFocusedFieldOutline{160, 176, 210, 255};
-constexpr SDL_Color kButtonFill{56, 64, 74, 255};
-constexpr SDL_Color kButtonOutline{95, 104, 116, 255};
 constexpr SDL_Color kCheckMarkFill{106, 166, 255, 255};
 constexpr SDL_Color kListFill{28, 32, 38, 255};
 constexpr SDL_Color kListOutline{95, 104, 116, 255};
 constexpr SDL_Color kSelectedRowFill{52, 66, 90, 255};
-constexpr SDL_Color kBrightText{232, 236, 240, 255};
-constexpr SDL_Color kDimText{170, 178, 190, 255};
 
 constexpr int kHeaderHeight = 56;
-constexpr int kLabelX = 20;
-constexpr int kFieldPadding = 8;
 constexpr int kTextDrop = 10;  // From the top of a field or button to its text.
 constexpr int kCheckMarkSize = 12;
 constexpr int kGapBeforeButton = 12;
@@ -198,22 +186,21 @@ int LayoutWidth(const ScreenshotSaveDialogLayout& layout) {
 }
 
 void DrawHeader(SDL_Renderer* renderer, int width) {
-  ClearFrame(renderer, kBackground);
+  ClearFrame(renderer, kFormBackground);
   FillRect(renderer, SDL_Rect{0, 0, width, kHeaderHeight}, kHeaderFill);
-  DrawScreenshotDialogText(renderer, "Save screenshot", 18, 14, kBrightText);
-  DrawScreenshotDialogText(renderer, "Export current guest output as PNG, JPEG or BMP", 18, 34,
-                           kDimText);
+  DrawFormText(renderer, "Save screenshot", 18, 14, kFormText);
+  DrawFormText(renderer, "Export current guest output as PNG, JPEG or BMP", 18, 34, kFormDimText);
 }
 
 void DrawLabels(SDL_Renderer* renderer, ScreenshotSaveFormat format) {
-  DrawScreenshotDialogText(renderer, "File name:", kLabelX, 92, kBrightText);
-  DrawScreenshotDialogText(renderer, "Folder:", kLabelX, 158, kBrightText);
-  DrawScreenshotDialogText(renderer, "Format:", kLabelX, 224, kBrightText);
-  DrawScreenshotDialogText(renderer, FormatValueLabel(format), kLabelX, 290, kBrightText);
+  DrawFormText(renderer, "File name:", kFormLabelX, 92, kFormText);
+  DrawFormText(renderer, "Folder:", kFormLabelX, 158, kFormText);
+  DrawFormText(renderer, "Format:", kFormLabelX, 224, kFormText);
+  DrawFormText(renderer, FormatValueLabel(format), kFormLabelX, 290, kFormText);
 }
 
 void DrawField(SDL_Renderer* renderer, const SDL_Rect& rect, bool focused) {
-  DrawBox(renderer, rect, kFieldFill, focused ? kFocusedFieldOutline : kFieldOutline);
+  DrawBox(renderer, rect, kFormFieldFill, focused ? kFormFocusedFieldOutline : kFormFieldOutline);
 }
 
 void DrawFields(const ScreenshotSaveDialogSession& session,
@@ -228,29 +215,23 @@ void DrawFields(const ScreenshotSaveDialogSession& session,
 
 void DrawButtons(SDL_Renderer* renderer, const ScreenshotSaveDialogLayout& layout) {
   for (const SDL_Rect& button : {layout.choose_button, layout.cancel_button, layout.save_button}) {
-    DrawBox(renderer, button, kButtonFill, kButtonOutline);
+    DrawBox(renderer, button, kFormButtonFill, kFormButtonOutline);
   }
 }
 
-// A text that is too long for its field is clipped to it and shows its end, where typing goes on.
-void DrawFieldText(SDL_Renderer* renderer, const SDL_Rect& field, std::string_view text) {
-  DrawTextEndVisible(renderer, EnsureScreenshotDialogFont(), DrawableText(text),
-                     field.x + kFieldPadding, field.y + kTextDrop,
-                     field.x + field.w - kFieldPadding, kBrightText);
-}
-
 void DrawCaption(SDL_Renderer* renderer, const SDL_Rect& button, const char* text, int offset) {
-  DrawScreenshotDialogText(renderer, text, button.x + offset, button.y + kTextDrop, kBrightText);
+  DrawFormText(renderer, text, button.x + offset, button.y + kTextDrop, kFormText);
 }
 
 void DrawTexts(const ScreenshotSaveDialogSession& session,
                const ScreenshotSaveDialogLayout& layout) {
   SDL_Renderer* renderer = session.renderer;
-  DrawFieldText(renderer, layout.file_name_field, session.file_name_text);
-  DrawFieldText(renderer, layout.folder_field,
-                EllipsizeLeft(std::string(session.folder_text), kMaxShownFolderBytes));
+  DrawFormFieldText(renderer, layout.file_name_field, session.file_name_text, kTextDrop);
+  DrawFormFieldText(renderer, layout.folder_field,
+                    EllipsizeLeft(std::string(session.folder_text), kMaxShownFolderBytes),
+                    kTextDrop);
   const SDL_Rect& box = layout.format_box;
-  DrawCaption(renderer, box, FormatLabel(session.format).c_str(), kFieldPadding);
+  DrawCaption(renderer, box, FormatLabel(session.format).c_str(), kFormFieldPadding);
   DrawCaption(renderer, box, session.format_list_open ? "^" : "v", box.w - 18);
   DrawCaption(renderer, layout.choose_button, "Choose", 17);
   DrawCaption(renderer, layout.cancel_button, "Cancel", 22);
@@ -264,8 +245,8 @@ void DrawRleCheckbox(const ScreenshotSaveDialogSession& session, const SDL_Rect&
                         kCheckMarkSize, kCheckMarkSize};
     FillRect(session.renderer, mark, kCheckMarkFill);
   }
-  DrawScreenshotDialogText(session.renderer, "Use RLE if possible (indexed BMP paths)", box.x + 34,
-                           box.y + 2, kBrightText);
+  DrawFormText(session.renderer, "Use RLE if possible (indexed BMP paths)", box.x + 34, box.y + 2,
+               kFormText);
 }
 
 void DrawOption(const ScreenshotSaveDialogSession& session,
@@ -273,21 +254,18 @@ void DrawOption(const ScreenshotSaveDialogSession& session,
   if (IsBmp(session.format)) {
     DrawRleCheckbox(session, layout.rle_checkbox);
   } else {
-    DrawFieldText(session.renderer, layout.option_field, session.option_text);
+    DrawFormFieldText(session.renderer, layout.option_field, session.option_text, kTextDrop);
   }
 }
 
 void DrawTargetPath(const ScreenshotSaveDialogSession& session,
                     const ScreenshotSaveDialogLayout& layout) {
-  DrawScreenshotDialogText(session.renderer, "Will be saved as:", kLabelX, layout.saved_as_y,
-                           kDimText);
+  DrawFormText(session.renderer, "Will be saved as:", kFormLabelX, layout.saved_as_y, kFormDimText);
   const std::filesystem::path folder(FolderOrWorkingDirectory(session.folder_text));
   const std::string name =
       ReplaceFilenameExtension(std::string(session.file_name_text), session.format);
-  DrawTextEndVisible(session.renderer, EnsureScreenshotDialogFont(),
-                     DrawableText(EllipsizeLeft((folder / name).string(), kMaxShownPathBytes)),
-                     kLabelX, layout.path_y, layout.cancel_button.x - kGapBeforeButton,
-                     kBrightText);
+  DrawFormTextEnd(session.renderer, EllipsizeLeft((folder / name).string(), kMaxShownPathBytes),
+                  kFormLabelX, layout.path_y, layout.cancel_button.x - kGapBeforeButton, kFormText);
 }
 
 void DrawListRow(SDL_Renderer* renderer, const SDL_Rect& row, ScreenshotSaveFormat format,
@@ -295,8 +273,8 @@ void DrawListRow(SDL_Renderer* renderer, const SDL_Rect& row, ScreenshotSaveForm
   if (selected) {
     FillRect(renderer, row, kSelectedRowFill);
   }
-  DrawScreenshotDialogText(renderer, FormatLabel(format).c_str(), row.x + kFieldPadding, row.y + 9,
-                           kBrightText);
+  DrawFormText(renderer, FormatLabel(format).c_str(), row.x + kFormFieldPadding, row.y + 9,
+               kFormText);
 }
 
 void DrawFormatList(SDL_Renderer* renderer, const SDL_Rect& list, ScreenshotSaveFormat selected) {
@@ -471,15 +449,12 @@ void CommitScreenshotSaveDialogResult(ScreenshotSaveDialogState* state) {
 }
 
 TTF_Font* EnsureScreenshotDialogFont() {
-  return GetCachedSdlUiFont(16, false, SdlUiFontKind::Ui);
+  return FormFont();
 }
 
 void DrawScreenshotDialogText(SDL_Renderer* renderer, const char* text, int x, int y,
                               SDL_Color color) {
-  if (renderer == nullptr || text == nullptr) {
-    return;
-  }
-  DrawSdlUiText(renderer, EnsureScreenshotDialogFont(), text, x, y, color, nullptr);
+  DrawFormText(renderer, text, x, y, color);
 }
 
 void RenderScreenshotSaveDialog(const ScreenshotSaveDialogSession& session,
