@@ -6,10 +6,10 @@
 #include <stdexcept>
 
 #include "frontend/gui/form_draw.h"
+#include "frontend/gui/form_folder.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_modal_runtime.h"
-#include "frontend/gui/sdl_pickers.h"
 #include "frontend/gui/text_entry.h"
 #include "utils/path_utils.h"
 #include "utils/string_utils.h"
@@ -284,16 +284,7 @@ void RenderHddCreateDialog(SDL_Renderer* renderer, const HddCreateDialogState& s
 }
 
 void OpenHddCreateFolderPicker(SDL_Window* parent, std::string& folder) {
-  FolderPickerOptions options;
-  options.title = "Select HDD Output Folder";
-  options.hint = "Choose folder for new HDD image";
-  options.accept_label = "Use";
-  options.cancel_label = "Cancel";
-  options.start_dir = folder;
-  const std::string chosen = ShowSimpleFolderPicker(parent, options);
-  if (!chosen.empty()) {
-    folder = chosen;
-  }
+  ChooseFormFolder(parent, "Select HDD Output Folder", "Choose folder for new HDD image", &folder);
 }
 
 HddCreateDialogResult ShowSimpleHddCreateDialog(SDL_Window* parent, const std::string& folder,

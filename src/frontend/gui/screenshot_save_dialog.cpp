@@ -6,10 +6,10 @@
 #include <system_error>
 
 #include "frontend/gui/form_draw.h"
+#include "frontend/gui/form_folder.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_modal_runtime.h"
-#include "frontend/gui/sdl_pickers.h"
 #include "frontend/gui/text_entry.h"
 
 namespace quindle::frontend::gui {
@@ -475,16 +475,8 @@ void RenderScreenshotSaveDialog(const ScreenshotSaveDialogSession& session,
 }
 
 void OpenFolderPicker(SDL_Window* parent, std::string& folder) {
-  FolderPickerOptions options;
-  options.title = "Select Screenshot Output Folder";
-  options.hint = "Choose folder for screenshot export";
-  options.accept_label = "Use";
-  options.cancel_label = "Cancel";
-  options.start_dir = folder;
-  const std::string chosen = ShowSimpleFolderPicker(parent, options);
-  if (!chosen.empty()) {
-    folder = chosen;
-  }
+  ChooseFormFolder(parent, "Select Screenshot Output Folder", "Choose folder for screenshot export",
+                   &folder);
 }
 
 ScreenshotSaveDialogResult ShowScreenshotSaveDialog(SDL_Window* parent,
