@@ -1,13 +1,14 @@
 #pragma once
 
-// What the tests of the two forms with text entry share: reading frames, and using the folder
-// picker that both open.
+// What the tests of the two forms with text entry share: reading frames, using the mouse, and using
+// the folder picker that both open.
 
 #include <SDL.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -73,6 +74,41 @@ inline void ExpectTextsKeepClearOfControls(const Frame& frame,
     SDL_IntersectRect(&visible, &window, &common);
     EXPECT_TRUE(common == visible) << DescribeDraw(text);
   }
+}
+
+inline constexpr SDL_Color kFocusedOutline{160, 176, 210, 255};
+
+// --- Mouse ---------------------------------------------------------------------------------------
+
+inline void ClickAt(SDL_Point at) {
+  Click(at.x, at.y);
+}
+
+inline SDL_MouseButtonEvent ButtonAt(SDL_Point at) {
+  SDL_MouseButtonEvent event{};
+  event.button = SDL_BUTTON_LEFT;
+  event.x = at.x;
+  event.y = at.y;
+  return event;
+}
+
+// Every way to leave the dialog that is open without a choice.
+inline std::vector<std::function<void()>> WaysOut(SDL_Point cancel_button) {
+  return {
+      [] { KeyDown(SDLK_ESCAPE); },
+      [cancel_button] { ClickAt(cancel_button); },
+      [] { CloseWindow(WindowId()); },
+      [] { Quit(); },
+  };
+}
+
+// What a dialog that has ended did not read. SDL itself still queues that its window was hidden.
+inline std::vector<SDL_Event> EventsLeftBehind() {
+  std::vector<SDL_Event> events = QueuedEvents();
+  std::erase_if(events, [](const SDL_Event& event) {
+    return event.type == SDL_WINDOWEVENT && event.window.event == SDL_WINDOWEVENT_HIDDEN;
+  });
+  return events;
 }
 
 // --- Folder picker -------------------------------------------------------------------------------

@@ -1,16 +1,15 @@
-// The HDD image dialog in its window: mouse, drawing, the loop, the folder picker inside it.
+// The HDD image dialog in its window: mouse, drawing, the loop. What its loop shares with the
+// screenshot dialog's is in form_dialogs_test.cpp.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "dialogs/form_checks.h"
 #include "frontend/gui/hdd_create_dialog.h"
-#include "frontend/gui/sdl_ui_font_cache.h"
 #include "support/dialog_test.h"
 #include "utils/string_utils.h"
 
@@ -23,7 +22,6 @@ using frontend::gui::HandleHddCreateDialogMouseButton;
 using frontend::gui::HddCreateDialogLayout;
 using frontend::gui::HddCreateDialogResult;
 using frontend::gui::HddCreateDialogState;
-using frontend::gui::OpenHddCreateFolderPicker;
 using frontend::gui::RenderHddCreateDialog;
 using frontend::gui::ShowSimpleHddCreateDialog;
 using ::testing::ElementsAre;
@@ -31,7 +29,6 @@ using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-constexpr SDL_Color kFocusedOutline{160, 176, 210, 255};
 constexpr SDL_Point kSizeField{300, 90};
 constexpr SDL_Point kNameField{300, 150};
 constexpr SDL_Point kFolderField{300, 210};
@@ -39,18 +36,6 @@ constexpr SDL_Point kChooseButton{735, 210};
 constexpr SDL_Point kCancelButton{675, 338};
 constexpr SDL_Point kCreateButton{795, 338};
 constexpr SDL_Point kNowhere{100, 300};
-
-void ClickAt(SDL_Point at) {
-  Click(at.x, at.y);
-}
-
-SDL_MouseButtonEvent ButtonAt(int x, int y) {
-  SDL_MouseButtonEvent event{};
-  event.button = SDL_BUTTON_LEFT;
-  event.x = x;
-  event.y = y;
-  return event;
-}
 
 void ExpectCancelled(const HddCreateDialogResult& result, const std::string& folder = "/data",
                      unsigned int size_mb = 64) {
@@ -70,11 +55,11 @@ class HddCreateDialogMouse : public DialogTest {
     state_.name_text = "disk.img";
     state_.size_text = "64";
   }
-  void Press(int x, int y) {
-    HandleHddCreateDialogMouseButton(&state_, MakeParent(), ButtonAt(x, y), true);
+  void Press(SDL_Point at) {
+    HandleHddCreateDialogMouseButton(&state_, MakeParent(), ButtonAt(at), true);
   }
-  void Release(int x, int y) {
-    HandleHddCreateDialogMouseButton(&state_, MakeParent(), ButtonAt(x, y), false);
+  void Release(SDL_Point at) {
+    HandleHddCreateDialogMouseButton(&state_, MakeParent(), ButtonAt(at), false);
   }
 
   HddCreateDialogState state_;
@@ -84,13 +69,13 @@ TEST_F(HddCreateDialogMouse, PressInAFieldMovesTheFocusThere) {
   for (const SDL_Point at :
        {SDL_Point{250, 132}, SDL_Point{779, 132}, SDL_Point{250, 167}, SDL_Point{779, 167}}) {
     state_.focus = 0;
-    Press(at.x, at.y);
+    Press(at);
     EXPECT_EQ(state_.focus, 1) << at.x << ',' << at.y;
   }
   for (const SDL_Point at :
        {SDL_Point{250, 72}, SDL_Point{459, 72}, SDL_Point{250, 107}, SDL_Point{459, 107}}) {
     state_.focus = 1;
-    Press(at.x, at.y);
+    Press(at);
     EXPECT_EQ(state_.focus, 0) << at.x << ',' << at.y;
   }
 }
@@ -103,7 +88,7 @@ TEST_F(HddCreateDialogMouse, PressElsewhereDoesNothing) {
   for (const SDL_Point at : around) {
     for (const int focus : {0, 1}) {
       state_.focus = focus;
-      Press(at.x, at.y);
+      Press(at);
       EXPECT_EQ(state_.focus, focus) << at.x << ',' << at.y;
       EXPECT_FALSE(state_.done);
       EXPECT_FALSE(state_.accepted);
@@ -117,13 +102,13 @@ TEST_F(HddCreateDialogMouse, ReleaseOnAButtonActs) {
   const std::vector<SDL_Point> create = {{740, 318}, {849, 318}, {740, 357}, {849, 357}};
   for (const SDL_Point at : cancel) {
     state_.done = false;
-    Release(at.x, at.y);
+    Release(at);
     EXPECT_TRUE(state_.done);
     EXPECT_FALSE(state_.accepted);
   }
   for (const SDL_Point at : create) {
     state_.done = state_.accepted = false;
-    Release(at.x, at.y);
+    Release(at);
     EXPECT_TRUE(state_.done);
     EXPECT_TRUE(state_.accepted);
     EXPECT_EQ(state_.size_mb, 64U);
@@ -137,7 +122,7 @@ TEST_F(HddCreateDialogMouse, ReleaseElsewhereDoesNothing) {
                                          {250, 191}, {250, 228}, kSizeField, kNameField, kNowhere};
   state_.focus = 1;
   for (const SDL_Point at : around) {
-    Release(at.x, at.y);
+    Release(at);
     EXPECT_FALSE(state_.done) << at.x << ',' << at.y;
     EXPECT_FALSE(state_.accepted);
     EXPECT_EQ(state_.focus, 1);
@@ -152,7 +137,7 @@ TEST_F(HddCreateDialogMouse, ReleaseOnFolderOrChooseOpensThePicker) {
   for (const SDL_Point at : hits) {
     DialogScript script;
     script.Step([] { KeyDown(SDLK_ESCAPE); });
-    Release(at.x, at.y);
+    Release(at);
     EXPECT_TRUE(script.IsFinished()) << at.x << ',' << at.y;
     EXPECT_EQ(Recorder().windows().back().title, "Select HDD Output Folder");
     EXPECT_EQ(Recorder().windows().back().modal_for, parent);
@@ -165,8 +150,8 @@ TEST_F(HddCreateDialogMouse, NullDoesNothing) {
   const HddCreateDialogState before = state_;
   for (const bool pressed : {true, false}) {
     for (const SDL_Point at : {kNameField, kCreateButton, kCancelButton, kChooseButton}) {
-      HandleHddCreateDialogMouseButton(&state_, nullptr, ButtonAt(at.x, at.y), pressed);
-      HandleHddCreateDialogMouseButton(nullptr, MakeParent(), ButtonAt(at.x, at.y), pressed);
+      HandleHddCreateDialogMouseButton(&state_, nullptr, ButtonAt(at), pressed);
+      HandleHddCreateDialogMouseButton(nullptr, MakeParent(), ButtonAt(at), pressed);
     }
   }
   EXPECT_EQ(state_.focus, before.focus);
@@ -361,63 +346,18 @@ TEST_F(HddCreateDialogDrawing, NullDrawsNothing) {
 
 class HddCreateDialogLoop : public DialogTest {
  protected:
-  // Runs the dialog with one step that acts, after a frame to look at.
+  // Runs the dialog with one step that acts, after a frame to look at. Whatever decides, the rest
+  // of the queue is taken with it.
   HddCreateDialogResult Run(const std::function<void()>& act) {
     DialogScript script;
     script.Wait().Step(act);
     const HddCreateDialogResult result = ShowSimpleHddCreateDialog(MakeParent(), "/data", 64);
     EXPECT_TRUE(script.IsFinished());
+    EXPECT_THAT(EventsLeftBehind(), IsEmpty());
     FlushEvents();
     return result;
   }
 };
-
-TEST_F(HddCreateDialogLoop, OpensItsWindow) {
-  SDL_Window* const parent = MakeParent();
-  Run([] { Quit(); });
-  const WindowRecord& window = Recorder().windows().back();
-  EXPECT_EQ(window.title, "Create HDD Image");
-  EXPECT_EQ(window.x, 180);
-  EXPECT_EQ(window.y, 180);
-  EXPECT_EQ(window.w, 860);
-  EXPECT_EQ(window.h, 390);
-  EXPECT_EQ(window.flags, Uint32{SDL_WINDOW_HIDDEN});
-  EXPECT_EQ(window.modal_for, parent);
-  EXPECT_EQ(Recorder().renderers().front().flags, Uint32{SDL_RENDERER_ACCELERATED});
-  EXPECT_THAT(Recorder().delays(), ElementsAre(8, 8));
-}
-
-TEST_F(HddCreateDialogLoop, KeepsTheOrderOfTheContract) {
-  MakeParent();
-  Recorder().ForgetCalls();
-  Run([] { Quit(); });
-  EXPECT_THAT(
-      Recorder().CallsAmong({"SDL_CreateWindow", "SDL_StartTextInput", "SDL_RenderPresent",
-                             "SDL_ShowWindow", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
-                             "SDL_Delay", "SDL_StopTextInput", "SDL_DestroyRenderer",
-                             "SDL_DestroyWindow"}),
-      ElementsAre("SDL_CreateWindow", "SDL_StartTextInput", "SDL_RenderPresent", "SDL_ShowWindow",
-                  "SDL_RaiseWindow", "SDL_SetWindowInputFocus", "SDL_Delay", "SDL_RenderPresent",
-                  "SDL_Delay", "SDL_StopTextInput", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
-                  "SDL_DestroyRenderer", "SDL_DestroyWindow"));
-  EXPECT_THAT(Recorder().CallsAmong({"SDL_RaiseWindow", "SDL_SetWindowInputFocus"}, MakeParent()),
-              ElementsAre("SDL_RaiseWindow", "SDL_SetWindowInputFocus"));
-}
-
-TEST_F(HddCreateDialogLoop, RunsWithoutAParent) {
-  DialogScript script;
-  script.Step([] { KeyDown(SDLK_RETURN); });
-  EXPECT_TRUE(ShowSimpleHddCreateDialog(nullptr, "/data", 64).accepted);
-  EXPECT_EQ(Recorder().windows().back().modal_for, nullptr);
-}
-
-TEST_F(HddCreateDialogLoop, UntouchedFieldsGiveTheStartValues) {
-  const HddCreateDialogResult result = Run([] { ClickAt(kCreateButton); });
-  EXPECT_TRUE(result.accepted);
-  EXPECT_EQ(result.size_mb, 64U);
-  EXPECT_EQ(result.folder, "/data");
-  EXPECT_EQ(result.file_name, "disk.img");
-}
 
 TEST_F(HddCreateDialogLoop, EmptyFolderAndSizeZeroHaveDefaults) {
   DialogScript script;
@@ -474,13 +414,7 @@ TEST_F(HddCreateDialogLoop, TypedTextsAreShownAndReturned) {
 }
 
 TEST_F(HddCreateDialogLoop, EveryWayOutCancelsWhateverWasTyped) {
-  const std::vector<std::function<void()>> ways = {
-      [] { KeyDown(SDLK_ESCAPE); },
-      [] { ClickAt(kCancelButton); },
-      [] { CloseWindow(WindowId()); },
-      [] { Quit(); },
-  };
-  for (const auto& way : ways) {
+  for (const auto& way : WaysOut(kCancelButton)) {
     ExpectCancelled(Run([&way] {
       TextInput("99");
       KeyDown(SDLK_TAB);
@@ -488,29 +422,6 @@ TEST_F(HddCreateDialogLoop, EveryWayOutCancelsWhateverWasTyped) {
       way();
     }));
   }
-}
-
-TEST_F(HddCreateDialogLoop, QuitIsConsumed) {
-  Run([] { Quit(); });
-  EXPECT_THAT(QueuedEvents(), IsEmpty());
-}
-
-TEST_F(HddCreateDialogLoop, FirstDecidingEventOfADrainWins) {
-  ExpectCancelled(Run([] {
-    KeyDown(SDLK_ESCAPE);
-    KeyDown(SDLK_RETURN);
-    ClickAt(kCreateButton);
-  }));
-  const HddCreateDialogResult committed = Run([] {
-    KeyDown(SDLK_RETURN);
-    TextInput("7");
-    KeyDown(SDLK_RETURN);
-    ClickAt(kChooseButton);
-    Quit();
-  });
-  EXPECT_TRUE(committed.accepted);
-  EXPECT_EQ(committed.size_mb, 64U);
-  EXPECT_THAT(QueuedEvents(), IsEmpty());
 }
 
 TEST_F(HddCreateDialogLoop, DecidingFrameIsDrawnPresentedAndPausedAfter) {
@@ -586,196 +497,30 @@ TEST_F(HddCreateDialogLoop, WorksWithoutAFont) {
   EXPECT_EQ(result.size_mb, 641U);
 }
 
-TEST_F(HddCreateDialogLoop, WithoutAWindowNothingHappens) {
+TEST_F(HddCreateDialogLoop, WithoutAWindowTheStartValuesComeBack) {
   SDL_Window* const parent = MakeParent();
   for (const char* const function : {"SDL_CreateWindow", "SDL_CreateRenderer"}) {
     Recorder().Reset();
     Recorder().FailAlways(function);
     ExpectCancelled(ShowSimpleHddCreateDialog(parent, "/data", 64));
     ExpectCancelled(ShowSimpleHddCreateDialog(parent, "", 0), ".", 10);
-    EXPECT_EQ(Recorder().CallCount("SDL_StartTextInput"), 0);
-    EXPECT_EQ(Recorder().CallCount("SDL_StopTextInput"), 0);
-    EXPECT_EQ(Recorder().CallCount("SDL_RaiseWindow"), 0);
-    EXPECT_EQ(Recorder().presents(), 0);
-    EXPECT_EQ(Recorder().alive(), AliveCounts{});
   }
 }
 
-TEST_F(HddCreateDialogLoop, ExceptionOfTheHeartbeatLeavesNothingBehind) {
-  SDL_Window* const parent = MakeParent();
-  DialogScript script;
-  script.Wait().Step([] {
-    EXPECT_TRUE(Recorder().alive().text_input);
-    Recorder().ForgetCalls();
-    throw std::runtime_error("host");
-  });
-  EXPECT_THROW(ShowSimpleHddCreateDialog(parent, "/data", 64), std::runtime_error);
-  frontend::gui::ShutdownSdlUiCachedFonts();
-  EXPECT_EQ(Recorder().alive(), AliveCounts{});
-  EXPECT_THAT(
-      Recorder().CallsAmong({"SDL_StopTextInput", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
-                             "SDL_DestroyRenderer", "SDL_DestroyWindow"}),
-      ElementsAre("SDL_StopTextInput", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
-                  "SDL_DestroyRenderer", "SDL_DestroyWindow"));
-}
-
-// --- Folder picker -------------------------------------------------------------------------------
-
-class HddCreateDialogFolder : public DialogTest {
- protected:
-  FolderTree tree_;
-};
-
-TEST_F(HddCreateDialogFolder, PickerHasItsTexts) {
-  DialogScript script;
-  std::string folder = tree_.one();
-  script.Wait().Step([this] {
-    const Frame& frame = Recorder().last_frame();
-    EXPECT_EQ(TitleOfNewestWindow(), "Select HDD Output Folder");
-    EXPECT_TRUE(frame.HasText("Choose folder for new HDD image"));
-    EXPECT_TRUE(frame.HasText("Use"));
-    EXPECT_TRUE(frame.HasText("Cancel"));
-    EXPECT_TRUE(frame.HasText("[DIR] two"));
-    ClickAt(kPickerUseButton);
-  });
-  OpenHddCreateFolderPicker(nullptr, folder);
-  EXPECT_EQ(folder, tree_.one());
-}
-
-TEST_F(HddCreateDialogFolder, AcceptReplacesTheFolderAndThePathFollows) {
+TEST_F(HddCreateDialogLoop, FocusIsStillThereAfterThePicker) {
+  const FolderTree tree;
   DialogScript script;
   script.Step([] { ClickAt(kChooseButton); })
       .Wait()
-      .Step([] {
-        EXPECT_EQ(TitleOfNewestWindow(), "Select HDD Output Folder");
-        EXPECT_EQ(Recorder().windows().back().modal_for, Recorder().windows().front().window);
-        KeyDown(SDLK_DOWN);
-        KeyDown(SDLK_RETURN);
-      })
       .Step([] { ClickAt(kPickerUseButton); })
       .Wait()
-      .Step([this] {
-        EXPECT_EQ(TitleOfNewestWindow(), "Create HDD Image");
-        EXPECT_TRUE(Recorder().alive().text_input);
-        EXPECT_TRUE(Recorder().last_frame().HasText(utils::ellipsize_left(tree_.two(), 58)));
-        EXPECT_TRUE(Recorder().last_frame().HasText(tree_.two() + "/disk.img"));
+      .Step([] {
         TextInput("5");
         KeyDown(SDLK_RETURN);
       });
-  const HddCreateDialogResult result = ShowSimpleHddCreateDialog(nullptr, tree_.one(), 64);
+  const HddCreateDialogResult result = ShowSimpleHddCreateDialog(nullptr, tree.one(), 64);
   EXPECT_TRUE(result.accepted);
-  EXPECT_EQ(result.folder, tree_.two());
   EXPECT_EQ(result.size_mb, 645U);
-}
-
-TEST_F(HddCreateDialogFolder, CancelAndQuitInThePickerLeaveTheFolderAndTheDialogOpen) {
-  const std::vector<std::function<void()>> ways = {
-      [] { KeyDown(SDLK_ESCAPE); },
-      [] { ClickAt(kPickerCancelButton); },
-      [] { CloseWindow(WindowId()); },
-      [] { Quit(); },
-  };
-  for (const auto& way : ways) {
-    DialogScript script;
-    script.Step([] { ClickAt(kFolderField); })
-        .Wait()
-        .Step([&way] {
-          EXPECT_EQ(TitleOfNewestWindow(), "Select HDD Output Folder");
-          KeyDown(SDLK_RETURN);  // One folder up.
-          way();
-        })
-        .Wait()
-        .Step([this] {
-          EXPECT_EQ(TitleOfNewestWindow(), "Create HDD Image");
-          EXPECT_TRUE(Recorder().alive().text_input);
-          EXPECT_TRUE(Recorder().last_frame().HasText(tree_.two() + "/disk.img"));
-          KeyDown(SDLK_RETURN);
-        });
-    const HddCreateDialogResult result = ShowSimpleHddCreateDialog(nullptr, tree_.two(), 64);
-    EXPECT_TRUE(result.accepted);
-    EXPECT_EQ(result.folder, tree_.two());
-    FlushEvents();
-  }
-}
-
-TEST_F(HddCreateDialogFolder, OuterLoopIsPausedWhileThePickerRuns) {
-  SDL_Renderer* outer = nullptr;
-  DialogScript script;
-  script
-      .Step([&outer] {
-        outer = Recorder().newest_renderer();
-        ClickAt(kChooseButton);
-      })
-      .Wait(3)
-      .Step([&outer] {
-        for (const Frame& frame : Recorder().frames()) {
-          EXPECT_NE(frame.renderer, outer);
-        }
-        EXPECT_GE(Recorder().presents(), 3);
-        KeyDown(SDLK_ESCAPE);
-      })
-      .Wait()
-      .Step([&outer] {
-        EXPECT_EQ(Recorder().last_frame().renderer, outer);
-        Quit();
-      });
-  ExpectCancelled(ShowSimpleHddCreateDialog(nullptr, tree_.one(), 64), tree_.one());
-}
-
-TEST_F(HddCreateDialogFolder, TypingInThePickerDoesNotReachTheFields) {
-  DialogScript script;
-  script.Step([] { ClickAt(kChooseButton); })
-      .Wait()
-      .Step([] {
-        TextInput("999");
-        KeyDown(SDLK_BACKSPACE);
-      })
-      .Step([] { KeyDown(SDLK_ESCAPE); })
-      .Wait()
-      .Step([] { KeyDown(SDLK_RETURN); });
-  EXPECT_EQ(ShowSimpleHddCreateDialog(nullptr, tree_.one(), 64).size_mb, 64U);
-}
-
-TEST_F(HddCreateDialogFolder, FailedPickerLeavesTheFolder) {
-  DialogScript script;
-  script
-      .Step([] {
-        Recorder().FailCall("SDL_CreateWindow");
-        ClickAt(kChooseButton);
-      })
-      .Wait()
-      .Step([] { KeyDown(SDLK_RETURN); });
-  const HddCreateDialogResult result = ShowSimpleHddCreateDialog(nullptr, tree_.one(), 64);
-  EXPECT_TRUE(result.accepted);
-  EXPECT_EQ(result.folder, tree_.one());
-}
-
-TEST_F(HddCreateDialogFolder, CancelledDialogReturnsTheStartFolderWhateverWasPicked) {
-  DialogScript script;
-  script.Step([] { ClickAt(kChooseButton); })
-      .Wait()
-      .Step([] { KeyDown(SDLK_RETURN); })
-      .Step([] { ClickAt(kPickerUseButton); })
-      .Wait()
-      .Step([this] {
-        EXPECT_TRUE(Recorder().last_frame().HasText(tree_.one() + "/disk.img"));
-        KeyDown(SDLK_ESCAPE);
-      });
-  ExpectCancelled(ShowSimpleHddCreateDialog(nullptr, tree_.two(), 64), tree_.two());
-}
-
-TEST_F(HddCreateDialogFolder, ExceptionInThePickerLeavesNothingBehind) {
-  SDL_Window* const parent = MakeParent();
-  DialogScript script;
-  script.Step([] { ClickAt(kChooseButton); }).Wait().Step([] {
-    EXPECT_EQ(Recorder().alive().windows, 2U);
-    EXPECT_TRUE(Recorder().alive().text_input);
-    throw std::runtime_error("host");
-  });
-  EXPECT_THROW(ShowSimpleHddCreateDialog(parent, tree_.one(), 64), std::runtime_error);
-  frontend::gui::ShutdownSdlUiCachedFonts();
-  EXPECT_EQ(Recorder().alive(), AliveCounts{});
-  EXPECT_THAT(Recorder().CallsAmong({"SDL_RaiseWindow"}, parent), SizeIs(1));
 }
 
 }  // namespace

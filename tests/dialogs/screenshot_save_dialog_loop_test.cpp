@@ -1,10 +1,10 @@
-// The screenshot dialog in its window: mouse, drawing, the loop, the folder picker inside it.
+// The screenshot dialog in its window: mouse, drawing, the loop. What its loop shares with the HDD
+// image dialog's is in form_dialogs_test.cpp.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -21,7 +21,6 @@ using frontend::gui::DrawScreenshotDialogText;
 using frontend::gui::EllipsizeLeft;
 using frontend::gui::EnsureScreenshotDialogFont;
 using frontend::gui::HandleScreenshotSaveDialogMouseButton;
-using frontend::gui::OpenFolderPicker;
 using frontend::gui::RenderScreenshotSaveDialog;
 using frontend::gui::ScreenshotSaveDialogLayout;
 using frontend::gui::ScreenshotSaveDialogResult;
@@ -40,7 +39,6 @@ constexpr ScreenshotSaveFormat kJpeg = ScreenshotSaveFormat::Jpeg;
 constexpr ScreenshotSaveFormat kBmp = ScreenshotSaveFormat::Bmp;
 constexpr auto kUnknown = static_cast<ScreenshotSaveFormat>(9);
 
-constexpr SDL_Color kFocusedOutline{160, 176, 210, 255};
 constexpr SDL_Color kListFill{28, 32, 38, 255};
 constexpr SDL_Color kSelectedRow{52, 66, 90, 255};
 constexpr SDL_Color kCheckMark{106, 166, 255, 255};
@@ -56,18 +54,6 @@ constexpr SDL_Point kListRows[] = {{300, 260}, {300, 295}, {300, 330}};
 constexpr SDL_Point kCancelButton{700, 370};
 constexpr SDL_Point kSaveButton{820, 370};
 constexpr SDL_Point kNowhere{600, 270};
-
-void ClickAt(SDL_Point at) {
-  Click(at.x, at.y);
-}
-
-SDL_MouseButtonEvent ButtonAt(SDL_Point at) {
-  SDL_MouseButtonEvent event{};
-  event.button = SDL_BUTTON_LEFT;
-  event.x = at.x;
-  event.y = at.y;
-  return event;
-}
 
 // --- Mouse ---------------------------------------------------------------------------------------
 
@@ -641,7 +627,8 @@ TEST_F(ScreenshotSaveDialogDrawing, NullDrawsNothing) {
 
 class ScreenshotSaveDialogLoop : public DialogTest {
  protected:
-  // Runs the dialog with one step that acts, after a frame to look at.
+  // Runs the dialog with one step that acts, after a frame to look at. Whatever decides, the rest
+  // of the queue is taken with it.
   ScreenshotSaveDialogResult Run(const std::function<void()>& act,
                                  ScreenshotSaveFormat format = kPng) {
     DialogScript script;
@@ -649,6 +636,7 @@ class ScreenshotSaveDialogLoop : public DialogTest {
     const ScreenshotSaveDialogResult result =
         ShowScreenshotSaveDialog(MakeParent(), "/shots", "shot", format, 80, 4, true);
     EXPECT_TRUE(script.IsFinished());
+    EXPECT_THAT(EventsLeftBehind(), IsEmpty());
     FlushEvents();
     return result;
   }
@@ -663,38 +651,6 @@ class ScreenshotSaveDialogLoop : public DialogTest {
     EXPECT_EQ(result.bmp_rle, rle);
   }
 };
-
-TEST_F(ScreenshotSaveDialogLoop, OpensItsWindow) {
-  SDL_Window* const parent = MakeParent();
-  Run([] { Quit(); });
-  const WindowRecord& window = Recorder().windows().back();
-  EXPECT_EQ(window.title, "Save Screenshot");
-  EXPECT_EQ(window.x, 180);
-  EXPECT_EQ(window.y, 180);
-  EXPECT_EQ(window.w, 900);
-  EXPECT_EQ(window.h, 410);
-  EXPECT_EQ(window.flags, Uint32{SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE});
-  EXPECT_EQ(window.modal_for, parent);
-  EXPECT_EQ(Recorder().renderers().front().flags, Uint32{SDL_RENDERER_ACCELERATED});
-  EXPECT_THAT(Recorder().delays(), ElementsAre(8, 8));
-}
-
-TEST_F(ScreenshotSaveDialogLoop, KeepsTheOrderOfTheContract) {
-  MakeParent();
-  Recorder().ForgetCalls();
-  Run([] { Quit(); });
-  EXPECT_THAT(
-      Recorder().CallsAmong({"SDL_CreateWindow", "SDL_StartTextInput", "SDL_RenderPresent",
-                             "SDL_ShowWindow", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
-                             "SDL_Delay", "SDL_StopTextInput", "SDL_DestroyRenderer",
-                             "SDL_DestroyWindow"}),
-      ElementsAre("SDL_CreateWindow", "SDL_StartTextInput", "SDL_RenderPresent", "SDL_ShowWindow",
-                  "SDL_RaiseWindow", "SDL_SetWindowInputFocus", "SDL_Delay", "SDL_RenderPresent",
-                  "SDL_Delay", "SDL_StopTextInput", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
-                  "SDL_DestroyRenderer", "SDL_DestroyWindow"));
-  EXPECT_THAT(Recorder().CallsAmong({"SDL_RaiseWindow", "SDL_SetWindowInputFocus"}, MakeParent()),
-              ElementsAre("SDL_RaiseWindow", "SDL_SetWindowInputFocus"));
-}
 
 TEST_F(ScreenshotSaveDialogLoop, FirstFrameShowsTheStartValues) {
   struct Case {
@@ -855,13 +811,7 @@ TEST_F(ScreenshotSaveDialogLoop, ReturnWithTheListOpenDoesNotSave) {
 }
 
 TEST_F(ScreenshotSaveDialogLoop, EveryWayOutCancelsWhateverWasTyped) {
-  const std::vector<std::function<void()>> ways = {
-      [] { KeyDown(SDLK_ESCAPE); },
-      [] { ClickAt(kCancelButton); },
-      [] { CloseWindow(WindowId()); },
-      [] { Quit(); },
-  };
-  for (const auto& way : ways) {
+  for (const auto& way : WaysOut(kCancelButton)) {
     ExpectCancelled(Run([&way] {
                       ClickAt(kNameField);
                       TextInput("xx");
@@ -873,16 +823,10 @@ TEST_F(ScreenshotSaveDialogLoop, EveryWayOutCancelsWhateverWasTyped) {
                       way();
                     }),
                     kPng, false);
-    EXPECT_THAT(QueuedEvents(), IsEmpty());
   }
 }
 
-TEST_F(ScreenshotSaveDialogLoop, FirstDecidingEventOfADrainWins) {
-  ExpectCancelled(Run([] {
-    KeyDown(SDLK_ESCAPE);
-    KeyDown(SDLK_RETURN);
-    ClickAt(kSaveButton);
-  }));
+TEST_F(ScreenshotSaveDialogLoop, NothingBehindTheCommitOfADrainCounts) {
   const ScreenshotSaveDialogResult committed = Run(
       [] {
         KeyDown(SDLK_RETURN);
@@ -897,7 +841,6 @@ TEST_F(ScreenshotSaveDialogLoop, FirstDecidingEventOfADrainWins) {
   EXPECT_TRUE(committed.accepted);
   EXPECT_EQ(committed.file_name, "shot.bmp");
   EXPECT_TRUE(committed.bmp_rle);
-  EXPECT_THAT(QueuedEvents(), IsEmpty());
 }
 
 TEST_F(ScreenshotSaveDialogLoop, MouseOfAnotherWindowIsDroppedKeysAndTextAreNot) {
@@ -977,170 +920,7 @@ TEST_F(ScreenshotSaveDialogLoop, WithoutAWindowTheStartValuesComeBack) {
     EXPECT_EQ(result.jpeg_quality, 100);
     EXPECT_EQ(result.png_compression, 0);
     EXPECT_FALSE(result.bmp_rle);
-    EXPECT_EQ(Recorder().CallCount("SDL_StartTextInput"), 0);
-    EXPECT_EQ(Recorder().CallCount("SDL_StopTextInput"), 0);
-    EXPECT_EQ(Recorder().CallCount("SDL_RaiseWindow"), 0);
-    EXPECT_EQ(Recorder().alive(), AliveCounts{});
   }
-}
-
-TEST_F(ScreenshotSaveDialogLoop, ExceptionOfTheHeartbeatLeavesNothingBehind) {
-  SDL_Window* const parent = MakeParent();
-  DialogScript script;
-  script.Wait().Step([] {
-    EXPECT_TRUE(Recorder().alive().text_input);
-    Recorder().ForgetCalls();
-    throw std::runtime_error("host");
-  });
-  EXPECT_THROW(ShowScreenshotSaveDialog(parent, "/shots", "shot", kPng, 80, 4, true),
-               std::runtime_error);
-  frontend::gui::ShutdownSdlUiCachedFonts();
-  EXPECT_EQ(Recorder().alive(), AliveCounts{});
-  EXPECT_THAT(
-      Recorder().CallsAmong({"SDL_StopTextInput", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
-                             "SDL_DestroyRenderer", "SDL_DestroyWindow"}),
-      ElementsAre("SDL_StopTextInput", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
-                  "SDL_DestroyRenderer", "SDL_DestroyWindow"));
-}
-
-// --- Folder picker -------------------------------------------------------------------------------
-
-class ScreenshotSaveDialogFolder : public DialogTest {
- protected:
-  ScreenshotSaveDialogResult Show(const std::string& folder) {
-    return ShowScreenshotSaveDialog(nullptr, folder, "shot", kPng, 80, 4, true);
-  }
-
-  FolderTree tree_;
-};
-
-TEST_F(ScreenshotSaveDialogFolder, PickerHasItsTexts) {
-  DialogScript script;
-  std::string folder = tree_.one();
-  script.Wait().Step([] {
-    const Frame& frame = Recorder().last_frame();
-    EXPECT_EQ(TitleOfNewestWindow(), "Select Screenshot Output Folder");
-    EXPECT_TRUE(frame.HasText("Choose folder for screenshot export"));
-    EXPECT_TRUE(frame.HasText("Use"));
-    EXPECT_TRUE(frame.HasText("Cancel"));
-    EXPECT_TRUE(frame.HasText("[DIR] two"));
-    KeyDown(SDLK_RETURN);
-    ClickAt(kPickerUseButton);
-  });
-  OpenFolderPicker(nullptr, folder);
-  EXPECT_EQ(folder, tree_.outer());
-}
-
-TEST_F(ScreenshotSaveDialogFolder, AcceptReplacesTheFolderAndThePathFollows) {
-  DialogScript script;
-  script.Step([] { ClickAt(kChooseButton); })
-      .Wait()
-      .Step([] {
-        EXPECT_EQ(Recorder().windows().back().modal_for, Recorder().windows().front().window);
-        KeyDown(SDLK_DOWN);
-        KeyDown(SDLK_RETURN);
-      })
-      .Step([] { ClickAt(kPickerUseButton); })
-      .Wait()
-      .Step([this] {
-        EXPECT_EQ(TitleOfNewestWindow(), "Save Screenshot");
-        EXPECT_TRUE(Recorder().alive().text_input);
-        EXPECT_TRUE(Recorder().last_frame().HasText(EllipsizeLeft(tree_.two(), 70)));
-        EXPECT_TRUE(Recorder().last_frame().HasText(tree_.two() + "/shot.png"));
-        ClickAt(kNameField);
-        TextInput("2");
-      })
-      .Step([] {
-        EXPECT_TRUE(Recorder().last_frame().HasText("shot.png2"));
-        KeyDown(SDLK_RETURN);
-      });
-  const ScreenshotSaveDialogResult result = Show(tree_.one());
-  EXPECT_TRUE(result.accepted);
-  EXPECT_EQ(result.folder, tree_.two());
-}
-
-TEST_F(ScreenshotSaveDialogFolder, CancelAndQuitInThePickerLeaveTheFolderAndTheDialogOpen) {
-  const std::vector<std::function<void()>> ways = {
-      [] { KeyDown(SDLK_ESCAPE); },
-      [] { ClickAt(kPickerCancelButton); },
-      [] { CloseWindow(WindowId()); },
-      [] { Quit(); },
-  };
-  for (const auto& way : ways) {
-    DialogScript script;
-    script.Step([] { ClickAt(kFolderField); })
-        .Wait()
-        .Step([&way] {
-          EXPECT_EQ(TitleOfNewestWindow(), "Select Screenshot Output Folder");
-          KeyDown(SDLK_RETURN);  // One folder up.
-          way();
-        })
-        .Wait()
-        .Step([this] {
-          EXPECT_EQ(TitleOfNewestWindow(), "Save Screenshot");
-          EXPECT_TRUE(Recorder().alive().text_input);
-          EXPECT_TRUE(Recorder().last_frame().HasText(tree_.two() + "/shot.png"));
-          KeyDown(SDLK_RETURN);
-        });
-    const ScreenshotSaveDialogResult result = Show(tree_.two());
-    EXPECT_TRUE(result.accepted);
-    EXPECT_EQ(result.folder, tree_.two());
-    FlushEvents();
-  }
-}
-
-TEST_F(ScreenshotSaveDialogFolder, OuterLoopIsPausedWhileThePickerRuns) {
-  SDL_Renderer* outer = nullptr;
-  DialogScript script;
-  script
-      .Step([&outer] {
-        outer = Recorder().newest_renderer();
-        ClickAt(kChooseButton);
-      })
-      .Wait(3)
-      .Step([&outer] {
-        for (const Frame& frame : Recorder().frames()) {
-          EXPECT_NE(frame.renderer, outer);
-        }
-        EXPECT_GE(Recorder().presents(), 3);
-        TextInput("9");
-        KeyDown(SDLK_BACKSPACE);
-        KeyDown(SDLK_ESCAPE);
-      })
-      .Wait()
-      .Step([&outer] {
-        EXPECT_EQ(Recorder().last_frame().renderer, outer);
-        EXPECT_TRUE(Recorder().last_frame().HasText("shot.png"));
-        Quit();
-      });
-  EXPECT_FALSE(Show(tree_.one()).accepted);
-}
-
-TEST_F(ScreenshotSaveDialogFolder, FailedPickerLeavesTheFolder) {
-  DialogScript script;
-  script
-      .Step([] {
-        Recorder().FailCall("SDL_CreateWindow");
-        ClickAt(kChooseButton);
-      })
-      .Wait()
-      .Step([] { KeyDown(SDLK_RETURN); });
-  EXPECT_EQ(Show(tree_.one()).folder, tree_.one());
-}
-
-TEST_F(ScreenshotSaveDialogFolder, ExceptionInThePickerLeavesNothingBehind) {
-  SDL_Window* const parent = MakeParent();
-  DialogScript script;
-  script.Step([] { ClickAt(kChooseButton); }).Wait().Step([] {
-    EXPECT_EQ(Recorder().alive().windows, 2U);
-    EXPECT_TRUE(Recorder().alive().text_input);
-    throw std::runtime_error("host");
-  });
-  EXPECT_THROW(ShowScreenshotSaveDialog(parent, tree_.one(), "shot", kPng, 80, 4, true),
-               std::runtime_error);
-  frontend::gui::ShutdownSdlUiCachedFonts();
-  EXPECT_EQ(Recorder().alive(), AliveCounts{});
-  EXPECT_THAT(Recorder().CallsAmong({"SDL_RaiseWindow"}, parent), SizeIs(1));
 }
 
 }  // namespace
