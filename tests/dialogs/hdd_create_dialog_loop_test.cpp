@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "dialogs/form_canvas.h"
 #include "dialogs/form_checks.h"
 #include "frontend/gui/hdd_create_dialog.h"
 #include "support/dialog_test.h"
@@ -161,26 +162,15 @@ TEST_F(HddCreateDialogMouse, NullDoesNothing) {
 
 // --- Drawing -------------------------------------------------------------------------------------
 
-class HddCreateDialogDrawing : public DialogTest {
+class HddCreateDialogDrawing : public FormCanvas {
  protected:
-  // The frame of a state, drawn in a window of the dialog's size.
+  HddCreateDialogDrawing() : FormCanvas(860, 390) {}
+
   const Frame& Draw(const HddCreateDialogState& state) {
-    if (window_ == nullptr) {
-      window_.reset(SDL_CreateWindow("Canvas", 0, 0, 860, 390, SDL_WINDOW_HIDDEN));
-      renderer_.reset(SDL_CreateRenderer(window_.get(), -1, SDL_RENDERER_SOFTWARE));
-    }
     Recorder().ForgetDraws();
-    RenderHddCreateDialog(renderer_.get(), state);
+    RenderHddCreateDialog(renderer(), state);
     return Recorder().unpresented();
   }
-  void TearDown() override {
-    renderer_.reset();
-    window_.reset();
-    DialogTest::TearDown();
-  }
-
-  frontend::gui::OwnedSdlWindow window_;
-  frontend::gui::OwnedSdlRenderer renderer_;
 };
 
 HddCreateDialogState SampleState() {
@@ -241,12 +231,7 @@ TEST_F(HddCreateDialogDrawing, EmptyTextsAreNotDrawnAndThePathHasItsDefaults) {
 }
 
 TEST_F(HddCreateDialogDrawing, TextsUseTheCachedFontOf16Points) {
-  for (const DrawCall& text : Draw(SampleState()).OfKind(DrawKind::Text)) {
-    EXPECT_EQ(text.font.path, "./data/ttf/IBMPlexSans-SemiBold.ttf");
-    EXPECT_EQ(text.font.size, 16);
-    EXPECT_EQ(text.font.style, TTF_STYLE_NORMAL);
-  }
-  EXPECT_THAT(Recorder().font_requests(), SizeIs(1));
+  ExpectTextsInTheFormFont(Draw(SampleState()));
 }
 
 TEST_F(HddCreateDialogDrawing, LongFolderShowsItsLast58BytesAndThePathItsLast95) {
@@ -269,22 +254,11 @@ TEST_F(HddCreateDialogDrawing, WideTextsAreClippedToTheirFieldsAndShowTheirEnds)
   state.name_text = std::string(124, 'W') + ".img";
   state.folder_text = "/" + std::string(899, 'W');
   const Frame& frame = Draw(state);
-  struct Row {
-    std::string text;
-    int left;
-    int right;
-  };
   const std::string target = state.folder_text + "/" + state.name_text;
-  for (const Row& row : {Row{state.size_text, 258, 452}, Row{state.name_text, 258, 772},
-                         Row{utils::ellipsize_left(state.folder_text, 58), 258, 672},
-                         Row{utils::ellipsize_left(target, 95), 20, 840}}) {
-    const DrawCall* const text = frame.FindText(row.text);
-    ASSERT_NE(text, nullptr) << row.text;
-    ASSERT_TRUE(text->clip) << row.text;
-    EXPECT_EQ(text->clip->x, row.left);
-    EXPECT_EQ(text->clip->x + text->clip->w, row.right);
-    EXPECT_EQ(text->rect.x + text->rect.w, row.right);
-  }
+  ExpectEndShown(frame, state.size_text, 258, 452);
+  ExpectEndShown(frame, state.name_text, 258, 772);
+  ExpectEndShown(frame, utils::ellipsize_left(state.folder_text, 58), 258, 672);
+  ExpectEndShown(frame, utils::ellipsize_left(target, 95), 20, 840);
 }
 
 TEST_F(HddCreateDialogDrawing, TextThatFitsIsNotMovedOrClipped) {
@@ -329,17 +303,7 @@ TEST_F(HddCreateDialogDrawing, WithoutFontTheBoxesAreStillThere) {
 
 TEST_F(HddCreateDialogDrawing, NullDrawsNothing) {
   RenderHddCreateDialog(nullptr, SampleState());
-  DrawHddCreateDialogText(nullptr, "text", 1, 2, kFocusedOutline);
-  EXPECT_THAT(Recorder().unpresented().draws, IsEmpty());
-  EXPECT_THAT(Recorder().font_requests(), IsEmpty());
-  Draw(SampleState());
-  Recorder().ForgetDraws();
-  DrawHddCreateDialogText(renderer_.get(), nullptr, 1, 2, kFocusedOutline);
-  DrawHddCreateDialogText(renderer_.get(), "", 1, 2, kFocusedOutline);
-  EXPECT_THAT(Recorder().unpresented().draws, IsEmpty());
-  DrawHddCreateDialogText(renderer_.get(), "text", 1, 2, kFocusedOutline);
-  EXPECT_THAT(DescribeFrame(Recorder().unpresented()),
-              ElementsAre("text 'text' at 1,2 in 160,176,210"));
+  ExpectTextIsDrawnAndNullIsNot(DrawHddCreateDialogText);
 }
 
 // --- Loop ----------------------------------------------------------------------------------------

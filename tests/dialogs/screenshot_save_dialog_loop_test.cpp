@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "dialogs/form_canvas.h"
 #include "dialogs/form_checks.h"
 #include "frontend/gui/screenshot_save_dialog.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
@@ -321,30 +322,18 @@ TEST_F(ScreenshotSaveDialogMouse, NullDoesNothing) {
 
 // --- Drawing -------------------------------------------------------------------------------------
 
-class ScreenshotSaveDialogDrawing : public DialogTest {
+class ScreenshotSaveDialogDrawing : public FormCanvas {
  protected:
-  void SetUp() override {
-    DialogTest::SetUp();
-    window_.reset(SDL_CreateWindow("Canvas", 0, 0, 900, 410, SDL_WINDOW_HIDDEN));
-    renderer_.reset(SDL_CreateRenderer(window_.get(), -1, SDL_RENDERER_SOFTWARE));
-    Recorder().ForgetDraws();
-  }
-  void TearDown() override {
-    renderer_.reset();
-    window_.reset();
-    DialogTest::TearDown();
-  }
+  ScreenshotSaveDialogDrawing() : FormCanvas(900, 410) {}
+
   ScreenshotSaveDialogSession Session(ScreenshotSaveFormat format, int focus = 3) {
-    return {renderer_.get(), "/shots", "shot.old", format, "80", focus, false, true};
+    return {renderer(), "/shots", "shot.old", format, "80", focus, false, true};
   }
   const Frame& Draw(const ScreenshotSaveDialogSession& session, int w = 900, int h = 410) {
     Recorder().ForgetDraws();
     RenderScreenshotSaveDialog(session, BuildScreenshotSaveDialogLayout(w, h));
     return Recorder().unpresented();
   }
-
-  frontend::gui::OwnedSdlWindow window_;
-  frontend::gui::OwnedSdlRenderer renderer_;
 };
 
 TEST_F(ScreenshotSaveDialogDrawing, FrameIsDrawnInOrder) {
@@ -512,23 +501,12 @@ TEST_F(ScreenshotSaveDialogDrawing, WideTextsAreClippedAndShowTheirEnds) {
   session.folder_text = folder;
   session.file_name_text = name;
   session.option_text = option;
-  struct Row {
-    std::string text;
-    int left;
-    int right;
-  };
   for (const int w : {900, 1100}) {
     const Frame& frame = Draw(session, w);
-    for (const Row& row :
-         {Row{name, 258, w - 38}, Row{EllipsizeLeft(folder, 70), 258, w - 148},
-          Row{option, 258, 402}, Row{EllipsizeLeft(folder + "/" + name, 100), 20, w - 262}}) {
-      const DrawCall* const text = frame.FindText(row.text);
-      ASSERT_NE(text, nullptr) << row.text;
-      ASSERT_TRUE(text->clip) << row.text;
-      EXPECT_EQ(text->clip->x, row.left);
-      EXPECT_EQ(text->clip->x + text->clip->w, row.right);
-      EXPECT_EQ(text->rect.x + text->rect.w, row.right);
-    }
+    ExpectEndShown(frame, name, 258, w - 38);
+    ExpectEndShown(frame, EllipsizeLeft(folder, 70), 258, w - 148);
+    ExpectEndShown(frame, option, 258, 402);
+    ExpectEndShown(frame, EllipsizeLeft(folder + "/" + name, 100), 20, w - 262);
   }
 }
 
@@ -590,12 +568,7 @@ TEST_F(ScreenshotSaveDialogDrawing, BytesThatAreNoTextAreStillDrawn) {
 }
 
 TEST_F(ScreenshotSaveDialogDrawing, TextsUseTheCachedFontOf16Points) {
-  for (const DrawCall& text : Draw(Session(kPng)).OfKind(DrawKind::Text)) {
-    EXPECT_EQ(text.font.path, "./data/ttf/IBMPlexSans-SemiBold.ttf");
-    EXPECT_EQ(text.font.size, 16);
-    EXPECT_EQ(text.font.style, TTF_STYLE_NORMAL);
-  }
-  EXPECT_THAT(Recorder().font_requests(), SizeIs(1));
+  ExpectTextsInTheFormFont(Draw(Session(kPng)));
   EXPECT_NE(EnsureScreenshotDialogFont(), nullptr);
   EXPECT_EQ(EnsureScreenshotDialogFont(),
             frontend::gui::GetCachedSdlUiFont(16, false, frontend::gui::SdlUiFontKind::Ui));
@@ -614,13 +587,7 @@ TEST_F(ScreenshotSaveDialogDrawing, NullDrawsNothing) {
   ScreenshotSaveDialogSession session = Session(kPng);
   session.renderer = nullptr;
   EXPECT_THAT(Draw(session).draws, IsEmpty());
-  DrawScreenshotDialogText(nullptr, "text", 1, 2, kFocusedOutline);
-  DrawScreenshotDialogText(renderer_.get(), nullptr, 1, 2, kFocusedOutline);
-  DrawScreenshotDialogText(renderer_.get(), "", 1, 2, kFocusedOutline);
-  EXPECT_THAT(Recorder().unpresented().draws, IsEmpty());
-  DrawScreenshotDialogText(renderer_.get(), "text", 1, 2, kFocusedOutline);
-  EXPECT_THAT(DescribeFrame(Recorder().unpresented()),
-              ElementsAre("text 'text' at 1,2 in 160,176,210"));
+  ExpectTextIsDrawnAndNullIsNot(DrawScreenshotDialogText);
 }
 
 // --- Loop ----------------------------------------------------------------------------------------
