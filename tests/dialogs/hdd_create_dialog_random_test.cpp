@@ -25,17 +25,13 @@ constexpr SDL_Rect kChoose{690, 192, 90, 36};
 constexpr SDL_Rect kCancel{620, 318, 110, 40};
 constexpr SDL_Rect kCreate{740, 318, 110, 40};
 
-bool Holds(const SDL_Rect& rect, SDL_Point at) {
-  return SDL_PointInRect(&at, &rect) == SDL_TRUE;
-}
-
 // The rules, said once more and as plainly as possible.
 struct HddModel {
   unsigned int size_mb = 0;
   std::string start_folder;
   std::string size_text;
   std::string name_text = "disk.img";
-  std::string folder_text;
+  std::string folder;
   bool name_has_focus = false;
   bool done = false;
   bool accepted = false;
@@ -79,13 +75,11 @@ struct HddModel {
     const unsigned long long size = std::stoull(size_text);
     return static_cast<unsigned int>(std::clamp(size, 1ULL, 4294967295ULL));
   }
-  std::string Path() const {
-    return folder_text + "/" + (name_text.empty() ? "disk.img" : name_text);
-  }
+  std::string Path() const { return folder + "/" + (name_text.empty() ? "disk.img" : name_text); }
   std::vector<std::string> Texts() const {
     std::vector<std::string> texts = {"Create new HDD image (.img)",
                                       "Size (MB):", "File name:", "Folder:"};
-    for (const std::string& text : {size_text, name_text, utils::ellipsize_left(folder_text, 58)}) {
+    for (const std::string& text : {size_text, name_text, utils::ellipsize_left(folder, 58)}) {
       if (!text.empty()) {
         texts.push_back(text);
       }
@@ -96,9 +90,20 @@ struct HddModel {
   }
 };
 
-class RandomHddUser : public RandomFormUser {
+RandomFormHabits Habits() {
+  return {.window = kWindow,
+          .often = {kSize, kName},
+          .seldom = {kFolder, kChoose, kCancel, kCreate},
+          .cancel = kCancel,
+          .deciding_key_one_in = 30,
+          .typed = {"0", "1", "7", "42", "9999999999", "a", "x.img", "a/b", "\xC3\xA9", "no 1", "-",
+                    "\\:*", "abcdefghijklmnopqrstuvwxyz01"},
+          .own_noise = [] { Motion(kCreate.x + 5, kCreate.y + 5); }};
+}
+
+class RandomHddUser : public ModelledFormUser<HddModel> {
  public:
-  using RandomFormUser::RandomFormUser;
+  explicit RandomHddUser(unsigned int seed) : ModelledFormUser(seed, Habits()) {}
 
  protected:
   void Session() override {
@@ -106,14 +111,14 @@ class RandomHddUser : public RandomFormUser {
     model_ = HddModel{};
     model_.size_mb = random_.OneOf(sizes);
     model_.size_text = std::to_string(model_.size_mb);
-    model_.start_folder = model_.folder_text = random_.OneIn(2) ? tree_.one() : tree_.two();
+    model_.start_folder = model_.folder = random_.OneIn(2) ? tree_.one() : tree_.two();
     const HddCreateDialogResult result =
         ShowSimpleHddCreateDialog(nullptr, model_.start_folder, model_.size_mb);
     const std::string name = model_.name_text.empty() ? "disk.img" : model_.name_text;
     EXPECT_TRUE(model_.done);
     EXPECT_EQ(result.accepted, model_.accepted);
     EXPECT_EQ(result.size_mb, model_.Size());
-    EXPECT_EQ(result.folder, model_.accepted ? model_.folder_text : model_.start_folder);
+    EXPECT_EQ(result.folder, model_.accepted ? model_.folder : model_.start_folder);
     EXPECT_EQ(result.file_name, model_.accepted ? name : "disk.img");
   }
   void CheckFrame() override {
@@ -122,99 +127,6 @@ class RandomHddUser : public RandomFormUser {
     ASSERT_THAT(frame.Outlines({160, 176, 210, 255}),
                 ::testing::ElementsAre(model_.name_has_focus ? kName : kSize));
   }
-  void PushEvent() override {
-    switch (random_.Below(10)) {
-      case 0:
-      case 1:
-        PushKey();
-        break;
-      case 2:
-      case 3:
-      case 4:
-        PushText();
-        break;
-      case 5:
-        PushNoise();
-        break;
-      default:
-        PushButton();
-        break;
-    }
-  }
-  void StoreChosenFolder(const std::string& folder) override { model_.folder_text = folder; }
-
- private:
-  void PushKey() {
-    const std::vector<SDL_Keycode> harmless = {
-        SDLK_TAB, SDLK_BACKSPACE, SDLK_BACKSPACE, SDLK_BACKSPACE, SDLK_a, SDLK_DELETE, SDLK_UP};
-    const std::vector<SDL_Keycode> deciding = {SDLK_ESCAPE, SDLK_RETURN, SDLK_KP_ENTER};
-    const SDL_Keycode key = random_.OneOf(random_.OneIn(30) ? deciding : harmless);
-    KeyDown(key);
-    if (!model_.done) {
-      model_.Key(key);
-    }
-  }
-  void PushText() {
-    const std::vector<std::string> pieces = {"0",
-                                             "1",
-                                             "7",
-                                             "42",
-                                             "9999999999",
-                                             "a",
-                                             "x.img",
-                                             "a/b",
-                                             "\xC3\xA9",
-                                             "no 1",
-                                             "-",
-                                             "\\:*",
-                                             "abcdefghijklmnopqrstuvwxyz01"};
-    const std::string& typed = random_.OneOf(pieces);
-    TextInput(typed);
-    if (!model_.done) {
-      model_.Text(typed);
-    }
-  }
-  void PushNoise() {
-    switch (random_.Below(5)) {
-      case 0:
-        CloseWindow(WindowId() + 1000);
-        break;
-      case 1:
-        KeyUp(SDLK_ESCAPE);
-        break;
-      case 2:
-        MouseUp(kCancel.x + 5, kCancel.y + 5, SDL_BUTTON_RIGHT);
-        break;
-      case 3:
-        Motion(kCreate.x + 5, kCreate.y + 5);
-        break;
-      default:
-        Wheel(1);
-        break;
-    }
-  }
-  void PushButton() {
-    const bool pressed = random_.OneIn(2);
-    const std::vector<SDL_Rect> often = {kSize, kName};
-    const std::vector<SDL_Rect> seldom = {kFolder, kChoose, kCancel, kCreate};
-    const SDL_Point at =
-        random_.PointNear(random_.OneIn(pressed ? 3 : 15) ? seldom : often, kWindow);
-    if (pressed) {
-      MouseDown(at.x, at.y);
-    } else {
-      MouseUp(at.x, at.y);
-    }
-    if (model_.done) {
-      return;
-    }
-    if (pressed) {
-      model_.Press(at);
-    } else if (model_.Release(at)) {
-      PickerOpens(model_.folder_text);
-    }
-  }
-
-  HddModel model_;
 };
 
 class HddCreateDialogRandomInput : public DialogTest {};

@@ -11,6 +11,7 @@
 #include <functional>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "dialogs/form_checks.h"
@@ -18,6 +19,10 @@
 #include "support/dialog_test.h"
 
 namespace quindle::testing {
+
+inline bool Holds(const SDL_Rect& rect, SDL_Point at) {
+  return SDL_PointInRect(&at, &rect) == SDL_TRUE;
+}
 
 class RandomSource {
  public:
@@ -111,7 +116,7 @@ class RandomPickerUser {
   std::string chosen_;
 };
 
-// The frame loop of such a test. Derived: the model and the events of one dialog.
+// The frame loop of such a test.
 class RandomFormUser {
  public:
   explicit RandomFormUser(unsigned int seed) : random_(seed) {}
@@ -199,6 +204,109 @@ class RandomFormUser {
   long sessions_ = 0;
   long pickers_ = 0;
   int frames_to_rest_ = 0;
+};
+
+// What such a user does in one form.
+struct RandomFormHabits {
+  SDL_Rect window;
+  std::vector<SDL_Rect> often;   // Where the mouse mostly is.
+  std::vector<SDL_Rect> seldom;  // Where it ends the dialog or opens another.
+  SDL_Rect cancel;
+  int deciding_key_one_in;
+  std::vector<std::string> typed;   // Pieces of text.
+  std::function<void()> own_noise;  // An event that this form in particular ignores.
+};
+
+// The user of a form whose rules `Model` says: Key, Text, Press and Release, which returns true
+// when the release opens the picker, and the fields `done` and `folder`.
+template <typename Model>
+class ModelledFormUser : public RandomFormUser {
+ protected:
+  ModelledFormUser(unsigned int seed, RandomFormHabits habits)
+      : RandomFormUser(seed), habits_(std::move(habits)) {}
+
+  void PushEvent() final {
+    switch (random_.Below(10)) {
+      case 0:
+      case 1:
+        PushKey();
+        break;
+      case 2:
+      case 3:
+      case 4:
+        PushText();
+        break;
+      case 5:
+        PushNoise();
+        break;
+      default:
+        PushButton();
+        break;
+    }
+  }
+  void StoreChosenFolder(const std::string& folder) final { model_.folder = folder; }
+
+  Model model_;
+
+ private:
+  void PushKey() {
+    const std::vector<SDL_Keycode> harmless = {
+        SDLK_TAB, SDLK_BACKSPACE, SDLK_BACKSPACE, SDLK_BACKSPACE, SDLK_a, SDLK_DELETE, SDLK_UP};
+    const std::vector<SDL_Keycode> deciding = {SDLK_ESCAPE, SDLK_RETURN, SDLK_KP_ENTER};
+    const bool decides = random_.OneIn(habits_.deciding_key_one_in);
+    const SDL_Keycode key = random_.OneOf(decides ? deciding : harmless);
+    KeyDown(key);
+    if (!model_.done) {
+      model_.Key(key);
+    }
+  }
+  void PushText() {
+    const std::string& typed = random_.OneOf(habits_.typed);
+    TextInput(typed);
+    if (!model_.done) {
+      model_.Text(typed);
+    }
+  }
+  void PushNoise() {
+    switch (random_.Below(5)) {
+      case 0:
+        CloseWindow(WindowId() + 1000);
+        break;
+      case 1:
+        KeyUp(SDLK_ESCAPE);
+        break;
+      case 2:
+        MouseUp(habits_.cancel.x + 5, habits_.cancel.y + 5, SDL_BUTTON_RIGHT);
+        break;
+      case 3:
+        habits_.own_noise();
+        break;
+      default:
+        Wheel(1);
+        break;
+    }
+  }
+  void PushButton() {
+    const bool pressed = random_.OneIn(2);
+    const bool is_seldom = random_.OneIn(pressed ? 3 : 15);
+    const SDL_Point at =
+        random_.PointNear(is_seldom ? habits_.seldom : habits_.often, habits_.window);
+    if (pressed) {
+      MouseDown(at.x, at.y);
+    } else {
+      MouseUp(at.x, at.y);
+    }
+    if (model_.done) {
+      return;
+    }
+    if (pressed) {
+      model_.Press(at);
+    } else if (model_.Release(at)) {
+      PickerOpens(model_.folder);
+    }
+  }
+
+  RandomFormHabits habits_;
 };
 
 }  // namespace quindle::testing

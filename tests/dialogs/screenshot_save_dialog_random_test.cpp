@@ -30,10 +30,6 @@ constexpr SDL_Rect kCheckBox{250, 286, 22, 22};
 constexpr SDL_Rect kCancel{650, 352, 100, 38};
 constexpr SDL_Rect kSave{770, 352, 100, 38};
 
-bool Holds(const SDL_Rect& rect, SDL_Point at) {
-  return SDL_PointInRect(&at, &rect) == SDL_TRUE;
-}
-
 // What each format says and does; the index is the format's value and the list's row.
 struct FormatFacts {
   std::string label;
@@ -153,9 +149,21 @@ struct ScreenshotModel {
   }
 };
 
-class RandomScreenshotUser : public RandomFormUser {
+RandomFormHabits Habits() {
+  return {
+      .window = kWindow,
+      .often = {kName, kBox, kBox, kList, kOption, kCheckBox},
+      .seldom = {kFolder, kChoose, kCancel, kSave},
+      .cancel = kCancel,
+      .deciding_key_one_in = 20,
+      .typed = {"0", "1", "7", "42", "9999", "a", "x.img", "a/b", "\xC3\xA9", "no 1", "-", "\\:*",
+                "..", "abcdefghijklmnopqrstuvwxyz01"},
+      .own_noise = [] { Click(kSave.x + 5, kSave.y + 5, SDL_BUTTON_LEFT, 1, WindowId() + 1000); }};
+}
+
+class RandomScreenshotUser : public ModelledFormUser<ScreenshotModel> {
  public:
-  using RandomFormUser::RandomFormUser;
+  explicit RandomScreenshotUser(unsigned int seed) : ModelledFormUser(seed, Habits()) {}
 
  protected:
   void Session() override {
@@ -182,26 +190,6 @@ class RandomScreenshotUser : public RandomFormUser {
                 ::testing::ElementsAreArray(model_.FocusedOutlines()));
     ASSERT_EQ(frame.Fills({106, 166, 255, 255}).size(), model_.format == 2 && model_.rle ? 1U : 0U);
   }
-  void PushEvent() override {
-    switch (random_.Below(10)) {
-      case 0:
-      case 1:
-        PushKey();
-        break;
-      case 2:
-      case 3:
-      case 4:
-        PushText();
-        break;
-      case 5:
-        PushNoise();
-        break;
-      default:
-        PushButton();
-        break;
-    }
-  }
-  void StoreChosenFolder(const std::string& folder) override { model_.folder = folder; }
 
  private:
   void CheckResult(const ScreenshotSaveDialogResult& result) {
@@ -224,67 +212,6 @@ class RandomScreenshotUser : public RandomFormUser {
     EXPECT_EQ(result.png_compression,
               ScreenshotModel::Number(model_.fields[2], model_.start_compression, 0, 9));
   }
-  void PushKey() {
-    const std::vector<SDL_Keycode> harmless = {
-        SDLK_TAB, SDLK_BACKSPACE, SDLK_BACKSPACE, SDLK_BACKSPACE, SDLK_a, SDLK_DELETE, SDLK_UP};
-    const std::vector<SDL_Keycode> deciding = {SDLK_ESCAPE, SDLK_RETURN, SDLK_KP_ENTER};
-    const SDL_Keycode key = random_.OneOf(random_.OneIn(20) ? deciding : harmless);
-    KeyDown(key);
-    if (!model_.done) {
-      model_.Key(key);
-    }
-  }
-  void PushText() {
-    const std::vector<std::string> pieces = {
-        "0",   "1",        "7",    "42", "9999", "a",  "x.img",
-        "a/b", "\xC3\xA9", "no 1", "-",  "\\:*", "..", "abcdefghijklmnopqrstuvwxyz01"};
-    const std::string& typed = random_.OneOf(pieces);
-    TextInput(typed);
-    if (!model_.done) {
-      model_.Text(typed);
-    }
-  }
-  void PushNoise() {
-    switch (random_.Below(5)) {
-      case 0:
-        CloseWindow(WindowId() + 1000);
-        break;
-      case 1:
-        KeyUp(SDLK_ESCAPE);
-        break;
-      case 2:
-        MouseUp(kCancel.x + 5, kCancel.y + 5, SDL_BUTTON_RIGHT);
-        break;
-      case 3:
-        Click(kSave.x + 5, kSave.y + 5, SDL_BUTTON_LEFT, 1, WindowId() + 1000);
-        break;
-      default:
-        Wheel(1);
-        break;
-    }
-  }
-  void PushButton() {
-    const bool pressed = random_.OneIn(2);
-    const std::vector<SDL_Rect> often = {kName, kBox, kBox, kList, kOption, kCheckBox};
-    const std::vector<SDL_Rect> seldom = {kFolder, kChoose, kCancel, kSave};
-    const SDL_Point at =
-        random_.PointNear(random_.OneIn(pressed ? 3 : 15) ? seldom : often, kWindow);
-    if (pressed) {
-      MouseDown(at.x, at.y);
-    } else {
-      MouseUp(at.x, at.y);
-    }
-    if (model_.done) {
-      return;
-    }
-    if (pressed) {
-      model_.Press(at);
-    } else if (model_.Release(at)) {
-      PickerOpens(model_.folder);
-    }
-  }
-
-  ScreenshotModel model_;
 };
 
 class ScreenshotSaveDialogRandomInput : public DialogTest {};
