@@ -13,6 +13,7 @@
 #include "frontend/gui/sdl_pickers.h"
 #include "frontend/gui/settings_dialog.h"
 #include "frontend/gui/shader_parameter_dialog.h"
+#include "support/input_events.h"
 
 namespace quindle::testing {
 namespace {
@@ -29,40 +30,25 @@ struct DoesNotEnd : std::runtime_error {
 
 // --- Events, without any allocation of the test's own --------------------------------------------
 
+// A push that fails is one of the faults.
 void Push(SDL_Event event) {
   SDL_PushEvent(&event);
 }
 
 void Key(SDL_Keycode key) {
-  SDL_Event event{};
-  event.type = SDL_KEYDOWN;
-  event.key.keysym.sym = key;
-  Push(event);
+  Push(MakeKeyEvent(SDL_KEYDOWN, key));
 }
 
 void Type(const char* text) {
-  SDL_Event event{};
-  event.type = SDL_TEXTINPUT;
-  SDL_strlcpy(event.text.text, text, sizeof(event.text.text));
-  Push(event);
-}
-
-void Button(Uint32 type, int x, int y, Uint8 clicks) {
-  SDL_Event event{};
-  event.type = type;
-  event.button.button = SDL_BUTTON_LEFT;
-  event.button.clicks = clicks;
-  event.button.x = x;
-  event.button.y = y;
-  Push(event);
+  Push(MakeTextEvent(text));
 }
 
 void Press(int x, int y, Uint8 clicks = 1) {
-  Button(SDL_MOUSEBUTTONDOWN, x, y, clicks);
+  Push(MakeButtonEvent(SDL_MOUSEBUTTONDOWN, {x, y}, SDL_BUTTON_LEFT, clicks));
 }
 
 void Release(int x, int y) {
-  Button(SDL_MOUSEBUTTONUP, x, y, 1);
+  Push(MakeButtonEvent(SDL_MOUSEBUTTONUP, {x, y}));
 }
 
 void Click(int x, int y) {
@@ -71,18 +57,11 @@ void Click(int x, int y) {
 }
 
 void Move(int x, int y) {
-  SDL_Event event{};
-  event.type = SDL_MOUSEMOTION;
-  event.motion.x = x;
-  event.motion.y = y;
-  Push(event);
+  Push(MakeMotionEvent({x, y}));
 }
 
 void Wheel(int y) {
-  SDL_Event event{};
-  event.type = SDL_MOUSEWHEEL;
-  event.wheel.y = y;
-  Push(event);
+  Push(MakeWheelEvent({0, y}));
 }
 
 // The window's id of a click in the settings dialog, which takes no others.
@@ -90,13 +69,7 @@ void ClickInNewestWindow(int x, int y) {
   for (Uint32 id = 1; id < 100'000; ++id) {
     // Ids count up; the dialog's is the last that exists.
     if (SDL_GetWindowFromID(id) != nullptr && SDL_GetWindowFromID(id + 1) == nullptr) {
-      SDL_Event event{};
-      event.type = SDL_MOUSEBUTTONDOWN;
-      event.button.button = SDL_BUTTON_LEFT;
-      event.button.windowID = id;
-      event.button.x = x;
-      event.button.y = y;
-      Push(event);
+      Push(MakeButtonEvent(SDL_MOUSEBUTTONDOWN, {x, y}, SDL_BUTTON_LEFT, 1, id));
     }
   }
 }
@@ -281,9 +254,7 @@ void PlayFrame() {
     g_broken_off = true;
     throw DoesNotEnd();
   }
-  SDL_Event quit{};
-  quit.type = SDL_QUIT;
-  Push(quit);
+  Push(MakeQuitEvent());
 }
 
 class InstalledScript {

@@ -1,5 +1,6 @@
 #include "support/byte_input.h"
 
+#include "support/input_events.h"
 #include "support/plain_interposers.h"
 
 namespace quindle::testing {
@@ -32,67 +33,28 @@ Uint32 WindowIdFrom(std::uint8_t byte) {
 }
 
 SDL_Event ButtonEvent(Uint32 type, const std::uint8_t* bytes) {
-  SDL_Event event{};
-  event.type = type;
-  event.button.windowID = WindowIdFrom(bytes[4]);
-  event.button.button = (bytes[2] & 0x80) != 0 ? SDL_BUTTON_RIGHT : SDL_BUTTON_LEFT;
-  event.button.clicks = static_cast<Uint8>(1 + (bytes[2] >> 6 & 1));
-  event.button.x = PositionX(bytes);
-  event.button.y = PositionY(bytes);
-  return event;
+  const Uint8 button = (bytes[2] & 0x80) != 0 ? SDL_BUTTON_RIGHT : SDL_BUTTON_LEFT;
+  const auto clicks = static_cast<Uint8>(1 + (bytes[2] >> 6 & 1));
+  return MakeButtonEvent(type, {PositionX(bytes), PositionY(bytes)}, button, clicks,
+                         WindowIdFrom(bytes[4]));
 }
 
 SDL_Event KeyEvent(SDL_Keycode key, const std::uint8_t* bytes) {
-  SDL_Event event{};
-  event.type = SDL_KEYDOWN;
-  event.key.windowID = WindowIdFrom(bytes[4]);
-  event.key.keysym.sym = key;
-  return event;
-}
-
-SDL_Event TextEvent(const std::uint8_t* bytes) {
-  SDL_Event event{};
-  event.type = SDL_TEXTINPUT;
-  SDL_strlcpy(event.text.text, kTexts[bytes[1] % SDL_arraysize(kTexts)], sizeof(event.text.text));
-  return event;
-}
-
-SDL_Event MotionEvent(const std::uint8_t* bytes) {
-  SDL_Event event{};
-  event.type = SDL_MOUSEMOTION;
-  event.motion.windowID = WindowIdFrom(bytes[4]);
-  event.motion.x = PositionX(bytes);
-  event.motion.y = PositionY(bytes);
-  return event;
-}
-
-SDL_Event WheelEvent(const std::uint8_t* bytes) {
-  SDL_Event event{};
-  event.type = SDL_MOUSEWHEEL;
-  event.wheel.windowID = WindowIdFrom(bytes[4]);
-  event.wheel.y = static_cast<std::int8_t>(bytes[1]);
-  return event;
+  return MakeKeyEvent(SDL_KEYDOWN, key, WindowIdFrom(bytes[4]));
 }
 
 SDL_Event WindowEvent(const std::uint8_t* bytes) {
-  SDL_Event event{};
-  event.type = SDL_WINDOWEVENT;
-  event.window.windowID = WindowIdFrom(bytes[4]);
-  event.window.event = (bytes[1] & 1) != 0 ? SDL_WINDOWEVENT_RESIZED : SDL_WINDOWEVENT_EXPOSED;
-  return event;
+  return MakeWindowEvent(WindowIdFrom(bytes[4]),
+                         (bytes[1] & 1) != 0 ? SDL_WINDOWEVENT_RESIZED : SDL_WINDOWEVENT_EXPOSED);
 }
 
 // Endings are rare, or no input would get far.
 SDL_Event RareEvent(const std::uint8_t* bytes) {
-  SDL_Event event{};
   switch (bytes[1]) {
     case 0:
-      event.type = SDL_QUIT;
-      return event;
+      return MakeQuitEvent();
     case 1:
-      event = WindowEvent(bytes);
-      event.window.event = SDL_WINDOWEVENT_CLOSE;
-      return event;
+      return MakeWindowEvent(WindowIdFrom(bytes[4]), SDL_WINDOWEVENT_CLOSE);
     case 2:
       return KeyEvent(SDLK_ESCAPE, bytes);
     default:
@@ -108,7 +70,7 @@ SDL_Event EventFrom(const std::uint8_t* bytes) {
       return KeyEvent(kKeys[bytes[1] % SDL_arraysize(kKeys)], bytes);
     case 3:
     case 4:
-      return TextEvent(bytes);
+      return MakeTextEvent(kTexts[bytes[1] % SDL_arraysize(kTexts)]);
     case 5:
     case 6:
     case 7:
@@ -119,10 +81,11 @@ SDL_Event EventFrom(const std::uint8_t* bytes) {
       return ButtonEvent(SDL_MOUSEBUTTONUP, bytes);
     case 11:
     case 12:
-      return MotionEvent(bytes);
+      return MakeMotionEvent({PositionX(bytes), PositionY(bytes)}, 0, WindowIdFrom(bytes[4]));
     case 13:
     case 14:
-      return WheelEvent(bytes);
+      return MakeWheelEvent({0, static_cast<std::int8_t>(bytes[1])}, {0, 0},
+                            WindowIdFrom(bytes[4]));
     default:
       return RareEvent(bytes);
   }
