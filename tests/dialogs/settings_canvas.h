@@ -27,6 +27,21 @@ using frontend::gui::OwnedTtfFont;
 
 using PointSet = std::set<std::pair<int, int>>;
 
+// The colours that more than one piece of the dialog draws in.
+namespace settings_colors {
+
+inline constexpr SDL_Color kBright{232, 237, 244, 255};
+inline constexpr SDL_Color kMiddle{170, 178, 192, 255};
+inline constexpr SDL_Color kDim{100, 108, 122, 255};
+inline constexpr SDL_Color kListFill{24, 27, 34, 255};
+inline constexpr SDL_Color kHover{40, 46, 60, 255};
+inline constexpr SDL_Color kAccent{106, 166, 255, 255};
+inline constexpr SDL_Color kTrack{52, 58, 70, 255};
+inline constexpr SDL_Color kButtonFace{48, 54, 68, 255};
+inline constexpr SDL_Color kButtonHovered{68, 76, 92, 255};
+
+}  // namespace settings_colors
+
 // A text with where and how it stands.
 struct PlacedText {
   std::string text;

@@ -38,12 +38,9 @@ using testing::SampleValues;
 using ::testing::SizeIs;
 using testing::TemporaryDirectory;
 using testing::WindowId;
+using namespace testing::settings_colors;
 
 constexpr SDL_Color kCanvasFill{18, 21, 27, 255};
-constexpr SDL_Color kListFill{24, 27, 34, 255};
-constexpr SDL_Color kHover{40, 46, 60, 255};
-constexpr SDL_Color kAccent{106, 166, 255, 255};
-constexpr SDL_Color kButtonHovered{68, 76, 92, 255};
 constexpr SDL_Rect kCancel{618, 449, 90, 30};
 constexpr SDL_Rect kApply{718, 449, 90, 30};
 constexpr SDL_Point kInCancel{660, 460};

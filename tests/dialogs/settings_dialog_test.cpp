@@ -21,19 +21,12 @@ using testing::PlacedText;
 using testing::PlacedTexts;
 using testing::SampleValues;
 using ::testing::SizeIs;
+using namespace testing::settings_colors;
 
-constexpr SDL_Color kBright{232, 237, 244, 255};
-constexpr SDL_Color kMiddle{170, 178, 192, 255};
-constexpr SDL_Color kDim{100, 108, 122, 255};
-constexpr SDL_Color kListFill{24, 27, 34, 255};
 constexpr SDL_Color kHeadingFill{20, 23, 30, 255};
 constexpr SDL_Color kSelectedFill{44, 74, 128, 255};
-constexpr SDL_Color kHover{40, 46, 60, 255};
-constexpr SDL_Color kAccent{106, 166, 255, 255};
 constexpr SDL_Color kBarFill{22, 25, 32, 255};
 constexpr SDL_Color kSeparator{52, 58, 70, 255};
-constexpr SDL_Color kButtonFace{48, 54, 68, 255};
-constexpr SDL_Color kButtonHovered{68, 76, 92, 255};
 constexpr SDL_Rect kCancel{618, 449, 90, 30};
 constexpr SDL_Rect kApply{718, 449, 90, 30};
 

@@ -24,15 +24,7 @@ using testing::PointSet;
 using testing::PointsIn;
 using testing::Recorder;
 using ::testing::SizeIs;
-
-constexpr SDL_Color kBright{232, 237, 244, 255};
-constexpr SDL_Color kMiddle{170, 178, 192, 255};
-constexpr SDL_Color kDim{100, 108, 122, 255};
-constexpr SDL_Color kRowHover{40, 46, 60, 255};
-constexpr SDL_Color kAccent{106, 166, 255, 255};
-constexpr SDL_Color kTrack{52, 58, 70, 255};
-constexpr SDL_Color kButtonFace{48, 54, 68, 255};
-constexpr SDL_Color kButtonHovered{68, 76, 92, 255};
+using namespace testing::settings_colors;
 
 constexpr int kFontMode = 0;
 constexpr int kTargetFps = 1;
@@ -147,19 +139,19 @@ class SettingsPanel : public testing::SettingsCanvas {
       for (const int y : {row_top, row_top + 33}) {
         for (const int x : {247, 807}) {
           ExpectClick(page, x, y, TextHit(key, value));
-          EXPECT_THAT(drawn_.Fills(kRowHover), ElementsAre(SDL_Rect{243, row_top, 583, 34}));
+          EXPECT_THAT(drawn_.Fills(kHover), ElementsAre(SDL_Rect{243, row_top, 583, 34}));
         }
         for (const int x : {246, 808}) {
           ExpectClick(page, x, y, {});
-          EXPECT_THAT(drawn_.Fills(kRowHover), IsEmpty());
+          EXPECT_THAT(drawn_.Fills(kHover), IsEmpty());
         }
       }
       row_top += 34;
     }
     ExpectClick(page, 300, group_top - 1, {});
-    EXPECT_THAT(drawn_.Fills(kRowHover), IsEmpty());
+    EXPECT_THAT(drawn_.Fills(kHover), IsEmpty());
     ExpectClick(page, 300, bottom, {});
-    EXPECT_THAT(drawn_.Fills(kRowHover), IsEmpty());
+    EXPECT_THAT(drawn_.Fills(kHover), IsEmpty());
   }
 
   // A checkbox's row, at its first and last pixels and at the first ones outside.
@@ -170,12 +162,12 @@ class SettingsPanel : public testing::SettingsCanvas {
     const int last_y = row.y + row.h - 1;
     for (const SDL_Point& inside : {SDL_Point{243, row.y}, SDL_Point{825, last_y}}) {
       ExpectClick(page, inside.x, inside.y, expected);
-      EXPECT_THAT(drawn_.Fills(kRowHover), ElementsAre(row));
+      EXPECT_THAT(drawn_.Fills(kHover), ElementsAre(row));
     }
     for (const SDL_Point& outside : {SDL_Point{242, row.y}, SDL_Point{826, last_y},
                                      SDL_Point{243, row.y - 1}, SDL_Point{825, last_y + 1}}) {
       ExpectClick(page, outside.x, outside.y, {});
-      EXPECT_THAT(drawn_.Fills(kRowHover), IsEmpty());
+      EXPECT_THAT(drawn_.Fills(kHover), IsEmpty());
     }
   }
 

@@ -22,16 +22,9 @@ using testing::PointSet;
 using testing::PointsIn;
 using testing::Recorder;
 using ::testing::SizeIs;
+using namespace testing::settings_colors;
 
-constexpr SDL_Color kButtonFace{48, 54, 68, 255};
-constexpr SDL_Color kButtonHovered{68, 76, 92, 255};
 constexpr SDL_Color kButtonBorder{84, 92, 108, 255};
-constexpr SDL_Color kCaption{232, 237, 244, 255};
-constexpr SDL_Color kLabel{170, 178, 192, 255};
-constexpr SDL_Color kRowHover{40, 46, 60, 255};
-constexpr SDL_Color kFrameColor{100, 108, 122, 255};
-constexpr SDL_Color kAccent{106, 166, 255, 255};
-constexpr SDL_Color kTrack{52, 58, 70, 255};
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
@@ -61,9 +54,9 @@ TEST_F(SettingsText, StandsWithItsTopLeftCornerAtThePoint) {
 }
 
 TEST_F(SettingsText, NeedsRendererFontAndText) {
-  DrawText(nullptr, regular(), "Volume", 1, 2, kLabel);
-  DrawText(renderer(), nullptr, "Volume", 1, 2, kLabel);
-  DrawText(renderer(), regular(), "", 1, 2, kLabel);
+  DrawText(nullptr, regular(), "Volume", 1, 2, kMiddle);
+  DrawText(renderer(), nullptr, "Volume", 1, 2, kMiddle);
+  DrawText(renderer(), regular(), "", 1, 2, kMiddle);
   EXPECT_THAT(TakeDraws().draws, IsEmpty());
 }
 
@@ -105,7 +98,7 @@ TEST_F(SettingsButton, IsAFilledBoxWithABorderAndACentredCaption) {
     EXPECT_EQ(drawn.draws[1].color, kButtonBorder);
     EXPECT_THAT(PlacedTexts(drawn),
                 ElementsAre(PlacedText{"Apply", 718 + (91 - text_w) / 2, 449 + (30 - text_h) / 2,
-                                       kCaption, false}));
+                                       kBright, false}));
     EXPECT_EQ(drawn.draws[2].rect.w, text_w);
     EXPECT_EQ(drawn.draws[2].rect.h, text_h);
   }
@@ -123,7 +116,7 @@ TEST_F(SettingsButton, CaptionLargerThanTheButtonSticksOutOnBothSides) {
     DrawButton(renderer(), regular(), {100, 200, text_w - c.too_small, text_h - c.too_small},
                "Browse", false);
     EXPECT_THAT(PlacedTexts(TakeDraws()),
-                ElementsAre(PlacedText{"Browse", 100 + c.offset, 200 + c.offset, kCaption, false}))
+                ElementsAre(PlacedText{"Browse", 100 + c.offset, 200 + c.offset, kBright, false}))
         << c.too_small;
   }
 }
@@ -169,7 +162,7 @@ TEST_F(SettingsRadioGroup, HasARingForEachRowAndADotForTheSelectedOne) {
   for (const int top : {80, 114, 148}) {
     Merge(PointsAround(255, top + 17, 36, 64), &rings);
   }
-  EXPECT_EQ(PointsIn(drawn, kFrameColor), rings);
+  EXPECT_EQ(PointsIn(drawn, kDim), rings);
   EXPECT_EQ(PointsIn(drawn, kAccent), PointsAround(255, 114 + 17, -1, 16));
   EXPECT_THAT(drawn.OfKind(DrawKind::Point), SizeIs(rings.size() + 49));
   EXPECT_THAT(drawn.OfKind(DrawKind::Fill), IsEmpty());
@@ -179,9 +172,9 @@ TEST_F(SettingsRadioGroup, LabelsAreCentredOnTheirRowsAndBrightWhenSelected) {
   DrawRadioGroup(renderer(), regular(), 247, 80, ThreeOptions(), "two", -1);
   const int y = 80 + 17 - TTF_FontHeight(regular()) / 2;
   EXPECT_THAT(PlacedTexts(TakeDraws()),
-              ElementsAre(PlacedText{"First", 273, y, kLabel, false},
-                          PlacedText{"Second", 273, y + 34, kCaption, false},
-                          PlacedText{"Third", 273, y + 68, kLabel, false}));
+              ElementsAre(PlacedText{"First", 273, y, kMiddle, false},
+                          PlacedText{"Second", 273, y + 34, kBright, false},
+                          PlacedText{"Third", 273, y + 68, kMiddle, false}));
 }
 
 TEST_F(SettingsRadioGroup, SelectsByExactBytes) {
@@ -200,7 +193,7 @@ TEST_F(SettingsRadioGroup, HighlightsTheHoveredRowUnderItsCircle) {
     const Frame drawn = TakeDraws();
     const SDL_Rect row{243, 80 + 34 * hovered, 583, 34};
     ASSERT_THAT(drawn.OfKind(DrawKind::Fill), SizeIs(1));
-    EXPECT_THAT(drawn.Fills(kRowHover), ElementsAre(row));
+    EXPECT_THAT(drawn.Fills(kHover), ElementsAre(row));
     for (const DrawCall& call : drawn.draws) {
       if (call.kind == DrawKind::Fill) {
         break;  // Nothing of this row comes before its highlight.
@@ -252,17 +245,17 @@ TEST_F(SettingsCheckbox, UncheckedIsAFrameWithALabel) {
   EXPECT_FALSE(DrawCheckbox(renderer(), regular(), 247, 80, false, "Sounds", -1, -1));
   const Frame drawn = TakeDraws();
   ASSERT_THAT(drawn.draws, SizeIs(2));
-  EXPECT_THAT(drawn.Outlines(kFrameColor), ElementsAre(SDL_Rect{247, 80, 16, 16}));
+  EXPECT_THAT(drawn.Outlines(kDim), ElementsAre(SDL_Rect{247, 80, 16, 16}));
   EXPECT_THAT(PlacedTexts(drawn),
               ElementsAre(PlacedText{"Sounds", 273, 80 + (16 - TTF_FontHeight(regular())) / 2,
-                                     kLabel, false}));
+                                     kMiddle, false}));
 }
 
 TEST_F(SettingsCheckbox, CheckedIsFilledAndTickedInOneColour) {
   DrawCheckbox(renderer(), regular(), 247, 80, true, "Sounds", -1, -1);
   const Frame drawn = TakeDraws();
   ASSERT_THAT(drawn.draws, SizeIs(5));
-  EXPECT_THAT(drawn.Outlines(kFrameColor), ElementsAre(SDL_Rect{247, 80, 16, 16}));
+  EXPECT_THAT(drawn.Outlines(kDim), ElementsAre(SDL_Rect{247, 80, 16, 16}));
   EXPECT_THAT(drawn.Fills(kAccent), ElementsAre(SDL_Rect{250, 83, 10, 10}));
   const std::vector<DrawCall> tick = drawn.Lines(kAccent);
   ASSERT_THAT(tick, SizeIs(2));
@@ -270,7 +263,7 @@ TEST_F(SettingsCheckbox, CheckedIsFilledAndTickedInOneColour) {
   EXPECT_EQ(tick[0].to, (SDL_Point{253, 91}));
   EXPECT_EQ(tick[1].from, (SDL_Point{253, 91}));
   EXPECT_EQ(tick[1].to, (SDL_Point{259, 84}));
-  EXPECT_EQ(PlacedTexts(drawn).front().color, kCaption);
+  EXPECT_EQ(PlacedTexts(drawn).front().color, kBright);
 }
 
 // The row is as high as the font, at least 16, and 10 more; the label may stand above the box.
@@ -281,7 +274,7 @@ TEST_F(SettingsCheckbox, RowFollowsTheFontsHeight) {
     EXPECT_TRUE(DrawCheckbox(renderer(), font.get(), 247, 80, false, "Sounds", 300, 80));
     const Frame drawn = TakeDraws();
     const int row_height = font_height < 16 ? 26 : font_height + 10;
-    EXPECT_THAT(drawn.Fills(kRowHover), ElementsAre(SDL_Rect{243, 75, 583, row_height}));
+    EXPECT_THAT(drawn.Fills(kHover), ElementsAre(SDL_Rect{243, 75, 583, row_height}));
     // Halves are cut toward zero, so a font one pixel higher than the box starts at its top.
     const int label_y =
         font_height > 16 ? 80 - (font_height - 16) / 2 : 80 + (16 - font_height) / 2;
@@ -292,7 +285,7 @@ TEST_F(SettingsCheckbox, RowFollowsTheFontsHeight) {
 TEST_F(SettingsCheckbox, RowWithoutAFontIs26High) {
   EXPECT_TRUE(DrawCheckbox(renderer(), nullptr, 247, 80, false, "Sounds", 300, 75 + 25));
   const Frame drawn = TakeDraws();
-  EXPECT_THAT(drawn.Fills(kRowHover), ElementsAre(SDL_Rect{243, 75, 583, 26}));
+  EXPECT_THAT(drawn.Fills(kHover), ElementsAre(SDL_Rect{243, 75, 583, 26}));
   EXPECT_THAT(PlacedTexts(drawn), IsEmpty());
   EXPECT_FALSE(DrawCheckbox(renderer(), nullptr, 247, 80, false, "Sounds", 300, 75 + 26));
 }
@@ -311,7 +304,7 @@ TEST_F(SettingsCheckbox, ReportsAndHighlightsTheRowUnderTheMouse) {
           c.over)
           << c.mouse_x << ", " << c.mouse_y;
       const Frame drawn = TakeDraws();
-      EXPECT_EQ(drawn.Fills(kRowHover).size(), c.over ? 1U : 0U);
+      EXPECT_EQ(drawn.Fills(kHover).size(), c.over ? 1U : 0U);
       EXPECT_EQ(drawn.draws.front().kind, c.over ? DrawKind::Fill : DrawKind::Outline);
     }
   }
@@ -329,7 +322,7 @@ void ExpectSliderDrawn(const Frame& drawn, int filled, const std::string& label,
   }
   EXPECT_EQ(PointsIn(drawn, kAccent), PointsAround(247 + filled, 148, -1, 64)) << label;
   EXPECT_THAT(PlacedTexts(drawn),
-              ElementsAre(PlacedText{label, 247 + 280 + 12, 148 - TTF_FontHeight(font) / 2, kLabel,
+              ElementsAre(PlacedText{label, 247 + 280 + 12, 148 - TTF_FontHeight(font) / 2, kMiddle,
                                      false}));
 }
 
