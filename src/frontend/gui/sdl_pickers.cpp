@@ -41,10 +41,6 @@ std::vector<PickerEntry> LoadFontPickerEntries(const fs::path& dir) {
   return ReadFilteredPickerEntries(dir, IsFontPickerEntry);
 }
 
-std::vector<PickerEntry> LoadFolderPickerEntries(const fs::path& dir) {
-  return ReadFolderPickerEntries(dir);
-}
-
 // Existence is not looked at here: the dialog falls back by itself.
 fs::path ResolveSimplePickerStartDir(const std::string& requested, const char* fallback) {
   return requested.empty() ? fs::path(fallback) : fs::path(requested);
@@ -109,7 +105,7 @@ std::string ShowSimpleFolderPicker(SDL_Window* parent, const FolderPickerOptions
   dialog.title = ValueOrDefault(options.title, defaults.title).c_str();
   dialog.hint = ValueOrDefault(options.hint, defaults.hint);
   dialog.start_dir = options.start_dir.empty() ? fs::current_path() : fs::path(options.start_dir);
-  dialog.load_entries = LoadFolderPickerEntries;
+  dialog.load_entries = ReadFolderPickerEntries;
   dialog.label_entry = LabelFolderPickerEntry;
   dialog.accept_label = ValueOrDefault(options.accept_label, defaults.accept_label).c_str();
   dialog.cancel_label = ValueOrDefault(options.cancel_label, defaults.cancel_label).c_str();
