@@ -6,11 +6,14 @@
 
 #include <string>
 
+#include "support/all_bytes.h"
 #include "support/sdl_values.h"
 #include "utils/path_utils.h"
 
 namespace quindle::frontend::gui {
 namespace {
+
+using testing::AllBytes;
 
 constexpr int kFocusSize = 0;
 constexpr int kFocusName = 1;
@@ -24,14 +27,6 @@ HddCreateDialogState OpenState() {
   state.folder_text = "/data";
   state.name_text = "disk.img";
   return state;
-}
-
-std::string AllBytes() {
-  std::string bytes;
-  for (int byte = 1; byte <= 255; ++byte) {
-    bytes.push_back(static_cast<char>(byte));
-  }
-  return bytes;
 }
 
 // --- Layout --------------------------------------------------------------------------------------

@@ -9,11 +9,14 @@
 #include <string>
 #include <vector>
 
+#include "support/all_bytes.h"
 #include "support/sdl_values.h"
 #include "utils/path_utils.h"
 
 namespace quindle::frontend::gui {
 namespace {
+
+using testing::AllBytes;
 
 constexpr ScreenshotSaveFormat kPng = ScreenshotSaveFormat::Png;
 constexpr ScreenshotSaveFormat kJpeg = ScreenshotSaveFormat::Jpeg;
@@ -39,14 +42,6 @@ ScreenshotSaveDialogState OpenState(ScreenshotSaveFormat format = kPng, int focu
 // The texts that typing may change.
 std::string FieldsOf(const ScreenshotSaveDialogState& state) {
   return state.file_name_text + '|' + state.jpeg_quality_text + '|' + state.png_compression_text;
-}
-
-std::string AllBytes() {
-  std::string bytes;
-  for (int byte = 1; byte <= 255; ++byte) {
-    bytes.push_back(static_cast<char>(byte));
-  }
-  return bytes;
 }
 
 // --- Defaults ------------------------------------------------------------------------------------
