@@ -208,6 +208,13 @@ TEST(ShaderDialogLayout, ThumbTravelsWithTheScroll) {
   EXPECT_EQ(LayoutFor(10, 900, 500, 2).scroll_thumb.y, 37);
 }
 
+TEST(ShaderDialogLayout, OnePixelToScrollShortensTheThumb) {
+  // 260 of list in a view of 259.
+  EXPECT_EQ(LayoutFor(3, 900, 347, 1).max_scroll, 1);
+  EXPECT_EQ(LayoutFor(3, 900, 347, 1).scroll_thumb.h, 258);
+  EXPECT_EQ(LayoutFor(3, 900, 347, 1).scroll_thumb.y, 37);
+}
+
 TEST(ShaderDialogLayout, ThumbTravelsAtLeastOnePixel) {
   // The view is one pixel high, the thumb 20.
   EXPECT_EQ(LayoutFor(3, 900, 80, 259).max_scroll, 259);
