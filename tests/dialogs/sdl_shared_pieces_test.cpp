@@ -222,6 +222,23 @@ class SharedDrawing : public DialogTest {
   }
 
   int Width(const std::string& text) const { return MeasureText(font_.get(), text).width; }
+
+  // Cuts an ASCII text on either side: what is left fits, and one character more would not.
+  void ExpectMostThatFits(const std::string& text, int width) const {
+    const std::string left = FitTextLeft(font_.get(), text, width);
+    const std::string right = FitTextRight(font_.get(), text, width);
+    ASSERT_GT(left.size(), 3U);
+    ASSERT_GT(right.size(), 3U);
+    EXPECT_LE(Width(left), width);
+    EXPECT_LE(Width(right), width);
+    const std::size_t kept_left = left.size() - 3;
+    const std::size_t kept_right = right.size() - 3;
+    EXPECT_EQ(left, text.substr(0, kept_left) + "...");
+    EXPECT_EQ(right, "..." + text.substr(text.size() - kept_right));
+    EXPECT_GT(Width(text.substr(0, kept_left + 1) + "..."), width);
+    EXPECT_GT(Width("..." + text.substr(text.size() - kept_right - 1)), width);
+  }
+
   static const std::vector<DrawCall>& Drawn() { return Recorder().unpresented().draws; }
 
   ModalWindowBundle bundle_;
@@ -304,18 +321,19 @@ TEST_F(SharedDrawing, TextThatFitsIsKept) {
 TEST_F(SharedDrawing, LongTextIsCutToTheMostThatFits) {
   const std::string text = "a long path/with some/folders/and a file.img";
   for (int width = Width("...") + 20; width < Width(text); width += 7) {
-    const std::string left = FitTextLeft(font_.get(), text, width);
-    const std::string right = FitTextRight(font_.get(), text, width);
-    ASSERT_GT(left.size(), 3U);
-    ASSERT_GT(right.size(), 3U);
-    EXPECT_LE(Width(left), width);
-    EXPECT_LE(Width(right), width);
-    const std::size_t kept_left = left.size() - 3;
-    const std::size_t kept_right = right.size() - 3;
-    EXPECT_EQ(left, text.substr(0, kept_left) + "...");
-    EXPECT_EQ(right, "..." + text.substr(text.size() - kept_right));
-    EXPECT_GT(Width(text.substr(0, kept_left + 1) + "..."), width);
-    EXPECT_GT(Width("..." + text.substr(text.size() - kept_right - 1)), width);
+    ExpectMostThatFits(text, width);
+  }
+}
+
+// The first guess comes from the advances of single characters. Here a text measures much more than
+// they say, there much less, so that the guess is all of it or far too little.
+TEST_F(SharedDrawing, WrongFirstGuessStillGivesTheMostThatFits) {
+  Recorder().SetMeasureMode(testing::MeasureMode::Approximate);
+  for (const char letter : {'f', 'W'}) {
+    const std::string text(40, letter);
+    for (int width = Width("...") + 20; width < Width(text); width += 7) {
+      ExpectMostThatFits(text, width);
+    }
   }
 }
 
@@ -366,6 +384,44 @@ TEST_F(SharedDrawing, HugeTextIsNotMeasuredWhole) {
   EXPECT_LT(FitTextLeft(font_.get(), huge, 200).size(), 1000U);
 }
 
+// Text in the code page of a DOS program: each byte is drawn as a replacement character.
+TEST_F(SharedDrawing, BytesThatStartNoCharacterTakeTheirRoom) {
+  const std::string text(60, '\x80');
+  ASSERT_GT(Width(text), 300);
+  for (const std::string start : {"", "\xC3", "\xE2\x82"}) {
+    EXPECT_LE(Width(FitTextLeft(font_.get(), start + text, 200)), 200);
+    EXPECT_LE(Width(FitTextRight(font_.get(), start + text, 200)), 200);
+  }
+  EXPECT_EQ(FitTextLeft(font_.get(), text, Width(text)), text);
+}
+
+// The bytes behind a view are not looked at, even where they would go on with its last character.
+TEST_F(SharedDrawing, ViewMayEndInsideACharacter) {
+  const std::string memory = "floppies/\xE2\x82\xAC";
+  const std::string_view text = std::string_view(memory).substr(0, memory.size() - 1);
+  EXPECT_EQ(FitTextLeft(font_.get(), text, 1000), text);
+  for (int width = Width("..."); width < Width(std::string(text)); ++width) {
+    EXPECT_LE(Width(FitTextLeft(font_.get(), text, width)), width);
+    EXPECT_LE(Width(FitTextRight(font_.get(), text, width)), width);
+  }
+}
+
+// A dialog fits dozens of texts in every frame.
+TEST_F(SharedDrawing, FewMeasurementsFindTheCut) {
+  for (const std::string character : {"m", "\u00e9", "\u0152", "\u2014"}) {
+    std::string text;
+    for (int i = 0; i < 60; ++i) {
+      text += character;
+    }
+    for (int width = 100; width < Width(text); width += 50) {
+      const long before = Recorder().CallCount("TTF_SizeUTF8");
+      FitTextLeft(font_.get(), text, width);
+      FitTextRight(font_.get(), text, width);
+      EXPECT_LE(Recorder().CallCount("TTF_SizeUTF8") - before, 16) << character << ' ' << width;
+    }
+  }
+}
+
 TEST_F(SharedDrawing, EndOfTextShowsInItsRoom) {
   const std::string text = "C:/a rather long folder name/disk.img";
   DrawTextEndVisible(renderer_, font_.get(), text, 20, 30, 20 + Width(text), kColTextHi);
@@ -379,6 +435,16 @@ TEST_F(SharedDrawing, EndOfTextShowsInItsRoom) {
   EXPECT_EQ(clipped.rect.y, 30);
   EXPECT_EQ(clipped.clip, (SDL_Rect{20, 30, Width(text) - 1, clipped.rect.h}));
   EXPECT_EQ(SDL_RenderIsClipEnabled(renderer_), SDL_FALSE);
+}
+
+// SDL_ttf draws no text of megabytes at all.
+TEST_F(SharedDrawing, EndOfAHugeTextShowsToo) {
+  DrawTextEndVisible(renderer_, font_.get(), std::string(5'000'000, 'x') + ".img", 20, 30, 180,
+                     kColTextHi);
+  ASSERT_THAT(Drawn(), SizeIs(1));
+  EXPECT_EQ(Drawn()[0].rect.x + Drawn()[0].rect.w, 180);
+  EXPECT_TRUE(Drawn()[0].text.ends_with("x.img"));
+  EXPECT_LT(Drawn()[0].text.size(), 1000U);
 }
 
 }  // namespace

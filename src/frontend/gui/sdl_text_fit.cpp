@@ -41,10 +41,30 @@ int WidthOf(TTF_Font* font, const std::string& text) {
   return MeasureText(font, text).width;
 }
 
-// The code point of one UTF-8 sequence; any value for bytes that are none.
+// The end of what is drawn as one character from `begin` on. A byte that starts no UTF-8 sequence
+// is drawn alone, however many of its kind follow.
+std::size_t CharacterEnd(std::string_view text, std::size_t begin) {
+  const auto lead = static_cast<unsigned char>(text[begin]);
+  if (lead < 0xC0) {
+    return begin + 1;
+  }
+  const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  const std::size_t last = std::min(text.size(), begin + length);
+  std::size_t end = begin + 1;
+  while (end < last && IsContinuationByte(text[end])) {
+    ++end;
+  }
+  return end;
+}
+
+// The code point of one UTF-8 sequence; the replacement character for a byte that starts none, any
+// value for other bytes that are no sequence.
 Uint32 CodePointOf(std::string_view sequence) {
   constexpr unsigned kLeadMasks[] = {0x00, 0x7F, 0x1F, 0x0F, 0x07};
   const auto lead = static_cast<unsigned char>(sequence.front());
+  if (sequence.size() == 1 && lead >= 0x80) {
+    return 0xFFFD;
+  }
   Uint32 code_point = lead & kLeadMasks[std::min<std::size_t>(sequence.size(), 4)];
   for (const char byte : sequence.substr(1)) {
     code_point = code_point << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
@@ -63,7 +83,7 @@ int AdvanceOf(TTF_Font* font, std::string_view sequence) {
 std::size_t EstimateLeadingBytes(TTF_Font* font, std::string_view text, int room) {
   std::size_t end = 0;
   while (end < text.size()) {
-    const std::size_t next = BoundaryAtOrBehind(text, end + 1);
+    const std::size_t next = CharacterEnd(text, end);
     room -= AdvanceOf(font, text.substr(end, next - end));
     if (room < 0) {
       break;
