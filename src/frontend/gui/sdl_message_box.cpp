@@ -390,9 +390,11 @@ SdlMessageBox::SdlMessageBox(Config config) : config_(std::move(config)) {
 }
 
 int SdlMessageBox::Show(SDL_Window* parent, float /*scale*/) {
-  const ModalWindowBundle bundle = CreateModalWindowBundle(
-      parent, config_.title.c_str(), 80, 80, std::max(320, config_.width),
-      std::max(180, config_.height), SDL_WINDOW_HIDDEN, ModalRendererMode::Accelerated);
+  const int width = std::max(320, config_.width);
+  const int height = std::max(180, config_.height);
+  const ModalWindowBundle bundle =
+      CreateModalWindowBundle(parent, config_.title.c_str(), 80, 80, width, height,
+                              SDL_WINDOW_HIDDEN, ModalRendererMode::Accelerated);
   if (bundle.window == nullptr || bundle.renderer == nullptr) {
     return kNoChoice;
   }

@@ -57,12 +57,10 @@ int ClampToInt(long long value) {
                                                 std::numeric_limits<int>::max()));
 }
 
-// Truncates toward zero; a value beyond int becomes the nearest bound, a NaN 0.
+// Truncates toward zero; a value beyond int becomes the nearest bound. A NaN never gets here:
+// fractions of a slider come from ClampToUnit, those of the scroll bar from whole numbers.
 int TruncToInt(float value) {
   constexpr float kBeyondInt = 2147483648.0F;
-  if (std::isnan(value)) {
-    return 0;
-  }
   return ClampToInt(static_cast<long long>(std::clamp(value, -kBeyondInt, kBeyondInt)));
 }
 
