@@ -275,12 +275,14 @@ TEST_F(PickerStartTest, MissingOneBecomesTheWorkingDirectory) {
   EXPECT_EQ(Shown(""), dir_);
 }
 
+// Not the directory that the name stands in.
 TEST_F(PickerStartTest, UnreadableOneBecomesTheWorkingDirectory) {
-  const ScopedWorkingDirectory here(dir_);
+  const std::string working_directory = folder_.MakeFolder("here").string();
+  const ScopedWorkingDirectory here(working_directory);
   fs::create_symlink("circle", folder_.path() / "circle");
-  EXPECT_EQ(Shown(dir_ + "/circle"), dir_);
+  EXPECT_EQ(Shown(dir_ + "/circle"), working_directory);
   fs::create_symlink("missing", folder_.path() / "dangling");
-  EXPECT_EQ(Shown(dir_ + "/dangling"), dir_);
+  EXPECT_EQ(Shown(dir_ + "/dangling"), working_directory);
 }
 
 TEST_F(PickerStartTest, FileBecomesItsDirectory) {

@@ -999,6 +999,20 @@ TEST_F(ShaderLoopTest, ResizeMovesTheButtons) {
   EXPECT_EQ(Recorder().last_frame().FindText("Apply")->rect.x, 700 - 98 + 10);
 }
 
+// All in one frame: the callback stands in for a window manager that resizes between two events.
+TEST_F(ShaderLoopTest, ResizeMovesTheButtonsForTheEventsBehindIt) {
+  DialogScript script;
+  script.Step([] { KeyDown(SDLK_RETURN); });
+  RunShaderParameterDialog(&session_, [this](const Values&) {
+    SDL_SetWindowSize(session_.window, 700, 600);
+    // With SDL's own mark for the end of a frame's events, which would put the rest off.
+    FlushEvents();
+    Resized(WindowId(), 700, 600);
+    Click(700 - 192 + 1, 600 - 39 + 1);
+  });
+  EXPECT_FALSE(result_.applied) << "the cancel button was looked for at its former place";
+}
+
 TEST_F(ShaderLoopTest, DrawnScrollIsClampedWithoutAResizeEvent) {
   session_.scroll = 408;
   SDL_SetWindowSize(session_.window, 900, 900);
@@ -1136,6 +1150,26 @@ TEST_F(ShaderLoopTest, OnlyRowsThatMeetTheViewAreDrawn) {
   EXPECT_THAT(drawn_tops(52), ElementsAre(-32, 48, 128, 208, 288, 368));
   EXPECT_THAT(drawn_tops(53), ElementsAre(-33, 47, 127, 207, 287, 367, 447));
   EXPECT_THAT(drawn_tops(408), ElementsAre(12, 92, 172, 252, 332));
+}
+
+// A session of the host's own may come with any geometry.
+TEST_F(ShaderLoopTest, RowsStartAtTheFirstHoweverFarDownTheListBegins) {
+  geometry_.list_top = 300;
+  RunFrame();
+  const std::vector<SDL_Rect> cards = Recorder().last_frame().Fills(kCardFill);
+  ASSERT_THAT(cards, SizeIs(2));
+  EXPECT_EQ(cards[0].y, 300);
+  EXPECT_EQ(cards[1].y, 380);
+}
+
+TEST_F(ShaderLoopTest, RowsWithoutHeightAreDrawnOnTopOfEachOther) {
+  geometry_.row_height = 0;
+  geometry_.list_top = 100;
+  RunFrame();
+  const std::vector<SDL_Rect> cards = Recorder().last_frame().Fills(kCardFill);
+  EXPECT_TRUE(
+      std::all_of(cards.begin(), cards.end(), [](const SDL_Rect& card) { return card.y == 100; }));
+  EXPECT_FALSE(cards.empty());
 }
 
 TEST_F(ShaderLoopTest, ViewWithoutRowsIsDrawnEmpty) {

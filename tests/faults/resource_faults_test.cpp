@@ -115,6 +115,35 @@ TEST_P(ResourceFaults, EveryFailingFileSystemCallEndsWell) {
   Report("file-system calls", count, raised);
 }
 
+// False when memory ran out.
+bool CanCacheFont(int size) {
+  try {
+    return frontend::gui::GetCachedSdlUiFont(size, false, frontend::gui::SdlUiFontKind::Ui) !=
+           nullptr;
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+}
+
+// The scenarios' dialogs share one font each; here the cache grows beyond what it has room for.
+TEST(FontCacheFaults, FailingAllocationsLoseNoFont) {
+  constexpr int kFonts = 12;
+  const long before = AliveNow().fonts;
+  int failed = 0;
+  for (int size = 1; size <= kFonts; ++size) {
+    ArmFault(FaultKind::Allocation, 1);
+    const bool cached = CanCacheFont(size);
+    DisarmFault();
+    EXPECT_EQ(AliveNow().fonts, before + size - (cached ? 0 : 1)) << "size " << size;
+    failed += cached ? 0 : 1;
+    EXPECT_TRUE(CanCacheFont(size));
+    EXPECT_EQ(AliveNow().fonts, before + size) << "size " << size;
+  }
+  EXPECT_GT(failed, 0) << "a fault that is never reached tests nothing";
+  frontend::gui::ShutdownSdlUiCachedFonts();
+  EXPECT_EQ(AliveNow().fonts, before);
+}
+
 std::string ParameterName(const ::testing::TestParamInfo<FaultScenario>& info) {
   std::string name;
   for (const char c : std::string(info.param.name)) {

@@ -86,6 +86,13 @@ TEST(ScreenshotSaveDialogLayout, FollowsTheWindowSize) {
   }
 }
 
+TEST(ScreenshotSaveDialogLayout, TakesANegativeSizeForNone) {
+  const ScreenshotSaveDialogLayout layout = BuildScreenshotSaveDialogLayout(-1, -1);
+  EXPECT_EQ(layout.choose_button, (SDL_Rect{-130, 148, 100, 38}));
+  EXPECT_EQ(layout.cancel_button, (SDL_Rect{-250, -58, 100, 38}));
+  EXPECT_EQ(layout.save_button, (SDL_Rect{-130, -58, 100, 38}));
+}
+
 TEST(ScreenshotSaveDialogLayout, NeverHasANegativeSize) {
   const std::vector<int> sizes = {INT_MIN, -1,  0,   1,   57,  129, 249,
                                   279,     280, 281, 389, 390, 391, INT_MAX};
