@@ -1,5 +1,5 @@
-// What a signal, a slow disk or a broken one does to the reading of a file. open() and read() stand
-// in this program, in front of the C library's.
+// What a signal, a slow disk, a broken or a changing one does to the reading of a file. open() and
+// read() stand in this program, in front of the C library's.
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -29,6 +29,7 @@ struct Disk {
   int interrupted_reads = 0;  // So many reads do, before each that succeeds.
   std::size_t most_bytes = SIZE_MAX;
   int broken_after = -1;  // So many reads succeed, the next fails with EIO; negative: never.
+  const char* opens_instead = nullptr;  // What the name leads to once it has been looked at.
 };
 
 Disk g_disk;
@@ -100,6 +101,14 @@ TEST(InterruptedRead, HalfAFileIsNone) {
   EXPECT_EQ(g_reads, 2);
 }
 
+TEST(InterruptedRead, NameMayLeadToAFolderByTheTimeItIsOpened) {
+  const ReadResult result = ReadFrom({.opens_instead = "/"}, "hello");
+  EXPECT_FALSE(result.ok);
+  EXPECT_EQ(result.contents, "untouched");
+  EXPECT_EQ(result.error, "cannot open");
+  EXPECT_EQ(g_reads, 0);
+}
+
 }  // namespace
 }  // namespace quindle::utils
 
@@ -113,7 +122,11 @@ int open(const char* path, int flags, ...) {
   va_start(arguments, flags);
   const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
   va_end(arguments);
-  return IsInterrupted(&g_disk.interrupted_opens) ? FailWith(EINTR) : real(path, flags, mode);
+  if (IsInterrupted(&g_disk.interrupted_opens)) {
+    return FailWith(EINTR);
+  }
+  const bool leads_elsewhere = g_reading && g_disk.opens_instead != nullptr;
+  return real(leads_elsewhere ? g_disk.opens_instead : path, flags, mode);
 }
 
 ssize_t read(int file, void* bytes, size_t size) {
