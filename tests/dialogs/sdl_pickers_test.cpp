@@ -212,7 +212,7 @@ TEST_F(PickersTest, LinkCircleIsFollowedStepByStep) {
     KeyDown(SDLK_DOWN);
     KeyDown(SDLK_RETURN);
   };
-  script.Wait().Repeat(60, open_first_folder).Step([this] {
+  script.Wait().Repeat(60, open_first_folder).Step([] {
     EXPECT_THAT(LookAtPicker().directory, ::testing::EndsWith("/a/up/a/up"));
     KeyDown(SDLK_RETURN);
   });

@@ -868,7 +868,7 @@ TEST_F(SettingsFontBrowse, ChosenFileBecomesTheCustomFont) {
         KeyDown(SDLK_RETURN);
       })
       .Wait(2)
-      .Step([this] {
+      .Step([] {
         EXPECT_TRUE(Recorder().last_frame().HasText("beta.otf"));
         EXPECT_EQ(PageTitle(), "Font Mode");
         Press(kInApply);
