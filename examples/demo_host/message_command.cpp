@@ -95,8 +95,10 @@ SdlMessageBox::Config SampleConfig(Type type, const std::string& title,
 }
 
 TourScene OneScene(const std::string& name, SdlMessageBox::Config config, TourScript script) {
-  return {"message " + name, [config](SDL_Window* parent) { return ShowAndReport(config, parent); },
-          std::move(script)};
+  return {
+      "message " + name,
+      [config = std::move(config)](SDL_Window* parent) { return ShowAndReport(config, parent); },
+      std::move(script)};
 }
 
 TourScene TypeScene(const std::string& name, Type type) {
@@ -204,6 +206,7 @@ class MessageCommand : public DemoCommand {
 
   std::vector<TourScene> TourScenes() override {
     std::vector<TourScene> scenes;
+    scenes.reserve(kTypes.size() + 3);
     for (const auto& [name, type] : kTypes) {
       scenes.push_back(TypeScene(name, type));
     }
