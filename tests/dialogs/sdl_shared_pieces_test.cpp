@@ -373,6 +373,15 @@ TEST_F(SharedDrawing, OnlyTextOfAboutTheWidthIsMeasured) {
   EXPECT_EQ(measurements_in(width), 1);
 }
 
+TEST_F(SharedDrawing, TextIsMeasuredWhenItsCharactersCannotBe) {
+  const std::string text = "a long path/with some/folders/and a file.img";
+  const int width = Width(text);
+  Recorder().FailAlways("TTF_GlyphMetrics32");
+  EXPECT_EQ(FitTextLeft(font_.get(), text, width), text);
+  EXPECT_LE(Width(FitTextLeft(font_.get(), text, width - 1)), width - 1);
+  EXPECT_LE(Width(FitTextRight(font_.get(), text, width - 1)), width - 1);
+}
+
 TEST_F(SharedDrawing, HugeTextIsNotMeasuredWhole) {
   const std::string huge(5'000'000, 'x');
   const std::string fitted = FitTextLeft(font_.get(), huge, 200);
