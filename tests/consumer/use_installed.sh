@@ -69,7 +69,7 @@ compile_headers() {
 check_tree() {
   local library paths
   for library in opengl sdl_ui; do
-    library=$(find "$prefix" -name "libquindle_$library.so.*.*")
+    library=$(find "$prefix" -name "libquindle_$library.so.*.*.*")
     paths=$(readelf -d "$library" | sed -n 's/.*R.*PATH.*\[\(.*\)\]/\1/p')
     [ "$paths" = "\$ORIGIN" ] || fail "run path of $library: $paths"
   done
