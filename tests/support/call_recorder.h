@@ -121,6 +121,8 @@ class CallRecorder {
   // The names of the recorded calls of these functions, in order; with a subject only those on it.
   std::vector<std::string> CallsAmong(std::initializer_list<std::string_view> functions,
                                       const void* subject = nullptr) const;
+  // The names of all recorded calls in order, without those that only ask (SDL_Get...).
+  std::vector<std::string> CallsButQuestions() const;
   void ForgetCalls();
 
   const std::vector<WindowRecord>& windows() const;

@@ -263,6 +263,43 @@ SDL_bool SDL_GetWindowWMInfo(SDL_Window* window, SDL_SysWMinfo* info) {
   return EnterCall(slot, window) ? SDL_FALSE : real(window, info);
 }
 
+QUINDLE_WRAP_SLOT(SDL_GetWindowData, true)
+void* SDL_GetWindowData(SDL_Window* window, const char* name) {
+  QUINDLE_REAL(SDL_GetWindowData);
+  return EnterCall(slot, window) ? nullptr : real(window, name);
+}
+
+QUINDLE_WRAP_SLOT(SDL_SetWindowData, true)
+void* SDL_SetWindowData(SDL_Window* window, const char* name, void* data) {
+  QUINDLE_REAL(SDL_SetWindowData);
+  return EnterCall(slot, window) ? nullptr : real(window, name, data);
+}
+
+QUINDLE_WRAP_SLOT(SDL_GetKeyboardFocus, false)
+SDL_Window* SDL_GetKeyboardFocus() {
+  QUINDLE_REAL(SDL_GetKeyboardFocus);
+  EnterCall(slot, nullptr);
+  return real();
+}
+
+QUINDLE_WRAP_SLOT(SDL_GetWindowDisplayIndex, true)
+int SDL_GetWindowDisplayIndex(SDL_Window* window) {
+  QUINDLE_REAL(SDL_GetWindowDisplayIndex);
+  return EnterCall(slot, window) ? -1 : real(window);
+}
+
+QUINDLE_WRAP_SLOT(SDL_GetDisplayUsableBounds, true)
+int SDL_GetDisplayUsableBounds(int display, SDL_Rect* bounds) {
+  QUINDLE_REAL(SDL_GetDisplayUsableBounds);
+  return EnterCall(slot, nullptr) ? -1 : real(display, bounds);
+}
+
+QUINDLE_WRAP_SLOT(SDL_GetWindowBordersSize, true)
+int SDL_GetWindowBordersSize(SDL_Window* window, int* top, int* left, int* bottom, int* right) {
+  QUINDLE_REAL(SDL_GetWindowBordersSize);
+  return EnterCall(slot, window) ? -1 : real(window, top, left, bottom, right);
+}
+
 // --- Renderers -----------------------------------------------------------------------------------
 
 QUINDLE_WRAP_SLOT(SDL_CreateRenderer, true)
@@ -508,6 +545,13 @@ QUINDLE_WRAP_SLOT(SDL_PollEvent, true)
 int SDL_PollEvent(SDL_Event* event) {
   QUINDLE_REAL(SDL_PollEvent);
   return EnterCall(slot, nullptr) ? 0 : real(event);
+}
+
+QUINDLE_WRAP_SLOT(SDL_PumpEvents, false)
+void SDL_PumpEvents() {
+  QUINDLE_REAL(SDL_PumpEvents);
+  EnterCall(slot, nullptr);
+  real();
 }
 
 QUINDLE_WRAP_SLOT(SDL_StartTextInput, false)

@@ -1,6 +1,8 @@
 #include "frontend/gui/sdl_modal_frame.h"
 
 #include "frontend/gui/sdl_modal_runtime.h"
+#include "frontend/gui/window_focus.h"
+#include "frontend/gui/window_placement.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -62,11 +64,11 @@ ModalPointer ReadModalPointer(SDL_Window* window) {
 void PresentModalFrame(SDL_Window* window, SDL_Renderer* renderer, bool* shown) {
   SDL_RenderPresent(renderer);
   if (*shown) {
+    KeepFocusOnWindow(window);
     return;
   }
-  SDL_ShowWindow(window);
-  SDL_RaiseWindow(window);
-  SDL_SetWindowInputFocus(window);
+  ShowFocusedWindow(window);
+  MoveWindowOntoDisplay(window);
   *shown = true;
 }
 

@@ -39,7 +39,8 @@ bool IsLeftButtonEvent(const SDL_Event& event);
 // Reads the pointer as it is now. Called where the dialog's frame wants it.
 ModalPointer ReadModalPointer(SDL_Window* window);
 
-// Presents; after the first present also shows, raises and focuses the window, and sets *shown.
+// Presents; after the first present also shows, raises and focuses the window, moves it onto its
+// display, and sets *shown.
 void PresentModalFrame(SDL_Window* window, SDL_Renderer* renderer, bool* shown);
 
 // Hands the focus back to the parent when it goes out of scope, by an exception too. Make it once

@@ -3,6 +3,7 @@
 #include <mutex>
 #include <utility>
 
+#include "frontend/gui/window_focus.h"
 #include "frontend/gui/x11_modal_hints.h"
 
 namespace quindle::frontend::gui {
@@ -115,8 +116,7 @@ ModalWindowBundle CreateModalWindowBundle(SDL_Window* parent, const char* title,
 
 void RestoreModalParentFocus(SDL_Window* parent) {
   if (parent != nullptr) {
-    SDL_RaiseWindow(parent);
-    SDL_SetWindowInputFocus(parent);
+    FocusShownWindow(parent);
   }
 }
 

@@ -1,17 +1,15 @@
 #include "frontend/gui/x11_modal_hints.h"
 
-#include <SDL_syswm.h>
-
 #include <array>
 #include <cstring>
+
+#include "frontend/gui/x11_library.h"
 
 namespace quindle::frontend::gui {
 namespace {
 
-bool IsX11Driver() {
-  const char* driver = SDL_GetCurrentVideoDriver();
-  return driver != nullptr && std::strcmp(driver, "x11") == 0;
-}
+// The name under which a dialog's window keeps its parent.
+constexpr const char* kModalFor = "quindle_modal_parent";
 
 }  // namespace
 
@@ -31,95 +29,48 @@ X11DialogWindowType::~X11DialogWindowType() {
   }
 }
 
+bool IsX11WindowModalFor(SDL_Window* window, SDL_Window* other) {
+  SDL_Window* parent = window;
+  do {
+    parent = static_cast<SDL_Window*>(SDL_GetWindowData(parent, kModalFor));
+  } while (parent != nullptr && parent != other);
+  return parent != nullptr;
+}
+
 #if defined(SDL_VIDEO_DRIVER_X11)
 
 namespace {
 
-// The Xlib functions used here, found at run time so that the library does not link Xlib. SDL has
-// loaded the same object already when its x11 driver runs.
-class Xlib {
- public:
-  Xlib() : object_(SDL_LoadObject("libX11.so.6")) {
-    if (object_ == nullptr) {
-      return;
-    }
-    Load("XInternAtom", &intern_atom_);
-    Load("XChangeProperty", &change_property_);
-    Load("XSetTransientForHint", &set_transient_for_);
-    Load("XFlush", &flush_);
-  }
-  ~Xlib() {
-    if (object_ != nullptr) {
-      SDL_UnloadObject(object_);
-    }
-  }
-  Xlib(const Xlib&) = delete;
-  Xlib& operator=(const Xlib&) = delete;
-  Xlib(Xlib&&) = delete;
-  Xlib& operator=(Xlib&&) = delete;
+constexpr Atom kXaAtom = 4;  // The predefined atom of the type "ATOM".
+constexpr const char* kModalState = "_NET_WM_STATE_MODAL";
 
-  bool IsLoaded() const {
-    return intern_atom_ != nullptr && change_property_ != nullptr &&
-           set_transient_for_ != nullptr && flush_ != nullptr;
-  }
-
-  void SetTransientFor(Display* display, Window window, Window parent) const {
-    set_transient_for_(display, window, parent);
-  }
-
-  void SetModalState(Display* display, Window window) const {
-    const std::array<Atom, 2> states{Intern(display, "_NET_WM_STATE_MODAL"),
-                                     Intern(display, "_NET_WM_STATE_SKIP_TASKBAR")};
-    std::array<unsigned char, sizeof(states)> bytes{};
-    std::memcpy(bytes.data(), states.data(), sizeof(states));
-    change_property_(display, window, Intern(display, "_NET_WM_STATE"), kXaAtom, 32,
-                     PropModeReplace, bytes.data(), static_cast<int>(states.size()));
-  }
-
-  void Flush(Display* display) const { flush_(display); }
-
- private:
-  static constexpr Atom kXaAtom = 4;  // The predefined atom of the type "ATOM".
-
-  template <typename Function>
-  void Load(const char* name, Function** function) {
-    void* address = SDL_LoadFunction(object_, name);
-    std::memcpy(function, &address, sizeof(address));
-  }
-
-  Atom Intern(Display* display, const char* name) const {
-    return intern_atom_(display, name, False);
-  }
-
-  void* object_;
-  Atom (*intern_atom_)(Display*, const char*, Bool) = nullptr;
-  int (*change_property_)(Display*, Window, Atom, Atom, int, int, const unsigned char*,
-                          int) = nullptr;
-  int (*set_transient_for_)(Display*, Window, Window) = nullptr;
-  int (*flush_)(Display*) = nullptr;
-};
-
-bool GetX11Handle(SDL_Window* window, SDL_SysWMinfo* info) {
-  SDL_VERSION(&info->version);
-  return SDL_GetWindowWMInfo(window, info) == SDL_TRUE && info->subsystem == SDL_SYSWM_X11;
+void SetModalState(const X11Library& xlib, const X11Handle& handle) {
+  const std::array<Atom, 2> states{
+      xlib.intern_atom(handle.display, kModalState, False),
+      xlib.intern_atom(handle.display, "_NET_WM_STATE_SKIP_TASKBAR", False)};
+  std::array<unsigned char, sizeof(states)> bytes{};
+  std::memcpy(bytes.data(), states.data(), sizeof(states));
+  xlib.change_property(handle.display, handle.window,
+                       xlib.intern_atom(handle.display, "_NET_WM_STATE", False), kXaAtom, 32,
+                       PropModeReplace, bytes.data(), static_cast<int>(states.size()));
 }
 
 }  // namespace
 
 void MarkX11WindowModal(SDL_Window* window, SDL_Window* parent) {
-  SDL_SysWMinfo own{};
-  SDL_SysWMinfo owner{};
-  if (!IsX11Driver() || !GetX11Handle(window, &own) || !GetX11Handle(parent, &owner)) {
+  if (!IsX11Driver()) {
     return;
   }
-  const Xlib xlib;
-  if (!xlib.IsLoaded()) {
+  const std::optional<X11Handle> own = FindX11Handle(window);
+  const std::optional<X11Handle> owner = own ? FindX11Handle(parent) : std::nullopt;
+  const X11Library xlib;
+  if (!owner || !xlib.IsLoaded()) {
     return;
   }
-  Display* display = own.info.x11.display;
-  xlib.SetTransientFor(display, own.info.x11.window, owner.info.x11.window);
-  xlib.SetModalState(display, own.info.x11.window);
-  xlib.Flush(display);
+  xlib.set_transient_for_hint(own->display, own->window, owner->window);
+  SetModalState(xlib, *own);
+  xlib.flush(own->display);
+  SDL_SetWindowData(window, kModalFor, parent);
 }
 
 #else

@@ -33,4 +33,7 @@ class X11DialogWindowType {
 // window anew for its renderer.
 void MarkX11WindowModal(SDL_Window* window, SDL_Window* parent);
 
+// Whether `other` is the window that `window` was marked modal for, or what that is modal for.
+bool IsX11WindowModalFor(SDL_Window* window, SDL_Window* other);
+
 }  // namespace quindle::frontend::gui

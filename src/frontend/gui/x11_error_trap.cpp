@@ -1,0 +1,91 @@
+#include "frontend/gui/x11_error_trap.h"
+
+#include <atomic>
+#include <chrono>
+#include <utility>
+
+namespace quindle::frontend::gui {
+
+#if defined(SDL_VIDEO_DRIVER_X11)
+
+namespace {
+
+constexpr std::chrono::milliseconds kViewablePatience{400};
+constexpr Uint32 kViewableIntervalMs = 5;
+
+// Xlib has one error handler for all connections and threads of the process.
+std::atomic<Display*> g_trapped_display{nullptr};
+std::atomic<XErrorHandler> g_handler_of_others{nullptr};
+
+int PassOverErrors(Display* display, XErrorEvent* error) {
+  const XErrorHandler others = g_handler_of_others;
+  return display == g_trapped_display || others == nullptr ? 0 : others(display, error);
+}
+
+}  // namespace
+
+X11ErrorTrap::X11ErrorTrap(SDL_Window* window) {
+  if (!IsX11Driver()) {
+    return;
+  }
+  const std::optional<X11Handle> handle = FindX11Handle(window);
+  X11Library library;
+  if (!handle || !library.IsLoaded()) {
+    return;
+  }
+  // Errors of earlier calls are not this trap's.
+  library.sync(handle->display, False);
+  Display* const former_display = g_trapped_display.exchange(handle->display);
+  XErrorHandler const former_handler = library.set_error_handler(&PassOverErrors);
+  if (former_handler != &PassOverErrors) {
+    g_handler_of_others = former_handler;
+  }
+  x11_.emplace(Connection{std::move(library), *handle, former_display, former_handler});
+}
+
+X11ErrorTrap::~X11ErrorTrap() {
+  if (x11_) {
+    x11_->library.sync(x11_->handle.display, False);
+    x11_->library.set_error_handler(x11_->former_handler);
+    g_trapped_display = x11_->former_display;
+  }
+}
+
+int X11ErrorTrap::MapState() const {
+  XWindowAttributes attributes{};
+  const int found =
+      x11_->library.get_window_attributes(x11_->handle.display, x11_->handle.window, &attributes);
+  return found != 0 ? attributes.map_state : IsUnmapped;
+}
+
+void X11ErrorTrap::WaitUntilViewable() const {
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point deadline = Clock::now() + kViewablePatience;
+  while (x11_ && MapState() == IsUnviewable && Clock::now() < deadline) {
+    SDL_Delay(kViewableIntervalMs);
+  }
+}
+
+bool X11ErrorTrap::IsViewableWhileOtherHasFocus(SDL_Window* other) const {
+  if (!x11_ || MapState() != IsViewable) {
+    return false;
+  }
+  Window focused = 0;
+  int revert_to = 0;
+  x11_->library.get_input_focus(x11_->handle.display, &focused, &revert_to);
+  const std::optional<X11Handle> handle = FindX11Handle(other);
+  return handle && handle->window == focused;
+}
+
+#else
+
+X11ErrorTrap::X11ErrorTrap(SDL_Window* /*window*/) {}
+X11ErrorTrap::~X11ErrorTrap() = default;
+void X11ErrorTrap::WaitUntilViewable() const {}
+bool X11ErrorTrap::IsViewableWhileOtherHasFocus(SDL_Window* /*other*/) const {
+  return false;
+}
+
+#endif
+
+}  // namespace quindle::frontend::gui
