@@ -1,7 +1,7 @@
 #pragma once
 
-// Private, but for all three libraries. White space and lines of byte strings, by the rules of the
-// C locale.
+// Private, but for all three libraries. White space, digits and lines of byte strings, by the rules
+// of the C locale, and the bytes of UTF-8.
 
 #include <cstddef>
 #include <string_view>
@@ -11,6 +11,15 @@ namespace quindle::utils {
 // What isspace says in the C locale; no byte of a UTF-8 sequence is white space.
 constexpr bool is_ascii_space(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+constexpr bool is_ascii_digit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+// True for a byte that continues a UTF-8 sequence, that is, starts no character.
+constexpr bool is_utf8_continuation(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
 constexpr std::string_view trim_leading_space(std::string_view text) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "utils/ascii_text.h"
+
 namespace quindle::utils {
 namespace {
 
@@ -13,17 +15,13 @@ char AsciiLower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-bool IsContinuationByte(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
-
 // At most `limit` bytes from the end of the longer `text`, starting with a whole character. Text
 // that is no UTF-8 may hold long runs of continuation bytes; those beyond one character are kept.
 std::string_view RightmostCharacters(std::string_view text, std::size_t limit) {
   const std::string_view tail = text.substr(text.size() - limit);
   const std::size_t most = std::min(tail.size(), kMaxContinuationBytes);
   std::size_t cut = 0;
-  while (cut < most && IsContinuationByte(tail[cut])) {
+  while (cut < most && is_utf8_continuation(tail[cut])) {
     ++cut;
   }
   return tail.substr(cut);

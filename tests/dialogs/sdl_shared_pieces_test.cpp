@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "frontend/gui/numbers.h"
 #include "frontend/gui/sdl_draw.h"
+#include "frontend/gui/sdl_modal_events.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_text_fit.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
@@ -46,8 +48,9 @@ class ModalFrame : public DialogTest {
   // The types of all events that a dialog gets to see.
   std::vector<Uint32> Poll() const {
     std::vector<Uint32> types;
+    ModalEventQueue events(bundle_.window.get());
     SDL_Event event;
-    while (PollModalEvent(bundle_.window.get(), &event)) {
+    while (events.Poll(&event)) {
       types.push_back(event.type);
     }
     return types;
@@ -86,28 +89,39 @@ TEST_F(ModalFrame, QuitAndCloseCancel) {
   EXPECT_FALSE(IsModalCancelEvent(event));
 }
 
-TEST_F(ModalFrame, MouseEventsThatNameAnotherWindowAreTold) {
+TEST_F(ModalFrame, InputThatNamesAnotherWindowIsTold) {
   const auto is_of_other = [this](Uint32 type, Uint32 id) {
     SDL_Event event{};
     event.type = type;
-    if (type == SDL_MOUSEMOTION) {
-      event.motion.windowID = id;
-    } else if (type == SDL_MOUSEWHEEL) {
-      event.wheel.windowID = id;
-    } else if (type == SDL_KEYDOWN) {
-      event.key.windowID = id;
-    } else {
-      event.button.windowID = id;
+    switch (type) {
+      case SDL_KEYDOWN:
+      case SDL_KEYUP:
+        event.key.windowID = id;
+        break;
+      case SDL_TEXTINPUT:
+        event.text.windowID = id;
+        break;
+      case SDL_TEXTEDITING:
+        event.edit.windowID = id;
+        break;
+      case SDL_MOUSEMOTION:
+        event.motion.windowID = id;
+        break;
+      case SDL_MOUSEWHEEL:
+        event.wheel.windowID = id;
+        break;
+      default:
+        event.button.windowID = id;
     }
-    return IsMouseEventOfOtherWindow(bundle_.window.get(), event);
+    return IsInputOfOtherWindow(bundle_.window.get(), event);
   };
-  for (const Uint32 type :
-       {SDL_MOUSEMOTION, SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP, SDL_MOUSEWHEEL}) {
+  for (const Uint32 type : {SDL_KEYDOWN, SDL_KEYUP, SDL_TEXTINPUT, SDL_TEXTEDITING, SDL_MOUSEMOTION,
+                            SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP, SDL_MOUSEWHEEL}) {
     EXPECT_FALSE(is_of_other(type, 0)) << type;
     EXPECT_FALSE(is_of_other(type, own_id_)) << type;
     EXPECT_TRUE(is_of_other(type, parent_id_)) << type;
   }
-  EXPECT_FALSE(is_of_other(SDL_KEYDOWN, parent_id_));
+  EXPECT_FALSE(is_of_other(SDL_QUIT, parent_id_));
 }
 
 TEST_F(ModalFrame, LeftButtonEventsAreTold) {

@@ -16,6 +16,20 @@ TEST(AsciiSpace, IsExactlySixBytes) {
   }
 }
 
+TEST(AsciiDigit, TheTenDigitsAndNothingElse) {
+  for (int byte = -128; byte <= 127; ++byte) {
+    const char c = static_cast<char>(byte);
+    const bool digit = std::string_view("0123456789").find(c) != std::string_view::npos;
+    EXPECT_EQ(is_ascii_digit(c), digit) << byte;
+  }
+}
+
+TEST(Utf8Continuation, EveryByteButTheFirstOfACharacter) {
+  for (int value = 0; value < 256; ++value) {
+    EXPECT_EQ(is_utf8_continuation(static_cast<char>(value)), value >= 0x80 && value < 0xC0);
+  }
+}
+
 TEST(TrimSpace, KeepsWhatStandsInside) {
   EXPECT_EQ(trim_space(""), "");
   EXPECT_EQ(trim_space(" \t\r\n"), "");

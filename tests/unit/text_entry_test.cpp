@@ -5,16 +5,10 @@
 #include <string>
 #include <string_view>
 
+#include "utils/ascii_text.h"
+
 namespace quindle::frontend::gui {
 namespace {
-
-TEST(TextEntryDigit, TheTenAsciiDigitsAndNothingElse) {
-  for (int byte = -128; byte <= 127; ++byte) {
-    const char c = static_cast<char>(byte);
-    const bool digit = std::string_view("0123456789").find(c) != std::string_view::npos;
-    EXPECT_EQ(IsAsciiDigit(c), digit) << byte;
-  }
-}
 
 TEST(TextEntryDigitString, NeedsOneDigitAndOnlyDigits) {
   EXPECT_TRUE(IsDigitString("0"));
@@ -29,21 +23,21 @@ TEST(TextEntryDigitString, NeedsOneDigitAndOnlyDigits) {
 
 TEST(TextEntryTyping, SkipsRefusedBytesAndGoesOn) {
   std::string text;
-  TypeAcceptedBytes("12a4", IsAsciiDigit, 10, &text);
+  TypeAcceptedBytes("12a4", utils::is_ascii_digit, 10, &text);
   EXPECT_EQ(text, "124");
 }
 
 TEST(TextEntryTyping, StopsAtTheLimit) {
   std::string text = "12";
-  TypeAcceptedBytes("345", IsAsciiDigit, 3, &text);
+  TypeAcceptedBytes("345", utils::is_ascii_digit, 3, &text);
   EXPECT_EQ(text, "123");
-  TypeAcceptedBytes("4", IsAsciiDigit, 3, &text);
+  TypeAcceptedBytes("4", utils::is_ascii_digit, 3, &text);
   EXPECT_EQ(text, "123");
 }
 
 TEST(TextEntryTyping, KeepsATextThatIsLongerThanTheLimit) {
   std::string text = "123456";
-  TypeAcceptedBytes("7", IsAsciiDigit, 3, &text);
+  TypeAcceptedBytes("7", utils::is_ascii_digit, 3, &text);
   EXPECT_EQ(text, "123456");
 }
 

@@ -3,8 +3,11 @@
 #include <algorithm>
 
 #include "frontend/gui/build_info.h"
+#include "frontend/gui/numbers.h"
 #include "frontend/gui/product_config.h"
 #include "frontend/gui/sdl_draw.h"
+#include "frontend/gui/sdl_host_state.h"
+#include "frontend/gui/sdl_modal_events.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_text_fit.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
@@ -175,7 +178,7 @@ bool HandleAboutEvent(SDL_Window* window, const SDL_Event& event, const AboutDia
     return event.key.keysym.sym == SDLK_ESCAPE;
   }
   if (event.type == SDL_MOUSEBUTTONDOWN && IsLeftButtonEvent(event) &&
-      !IsMouseEventOfOtherWindow(window, event)) {
+      !IsInputOfOtherWindow(window, event)) {
     OpenLinkAt(links, event.button.x, event.button.y);
   }
   return false;
@@ -185,6 +188,7 @@ void RunAboutDialogLoop(SDL_Window* window, SDL_Renderer* renderer, const AboutD
                         const AboutDialogMetrics& metrics) {
   const AboutDialogInfoRows rows = BuildAboutDialogInfoRows();
   AboutDialogLinks links;
+  ModalEventQueue events(window);
   bool done = false;
   bool shown = false;
   while (!done) {
@@ -193,7 +197,7 @@ void RunAboutDialogLoop(SDL_Window* window, SDL_Renderer* renderer, const AboutD
     int height = 0;
     SDL_GetWindowSize(window, &width, &height);
     SDL_Event event;
-    while (PollModalEvent(window, &event)) {
+    while (events.Poll(&event)) {
       // What stands behind the closing event is taken off the queue without effect.
       done = done || HandleAboutEvent(window, event, links);
     }
@@ -261,6 +265,7 @@ std::string SwitchText(const char* name, bool on) {
 }  // namespace
 
 void ShowSimpleAboutDialog(SDL_Window* parent, float /*scale*/) {
+  const ModalHostState host_state;
   // The fonts come first: the window's height follows from theirs.
   const AboutDialogFonts fonts = OpenAboutDialogFonts(kAboutScale);
   const AboutDialogMetrics metrics = BuildAboutDialogMetrics(fonts, kAboutScale);

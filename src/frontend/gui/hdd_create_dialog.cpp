@@ -8,9 +8,12 @@
 #include "frontend/gui/form_draw.h"
 #include "frontend/gui/form_folder.h"
 #include "frontend/gui/sdl_draw.h"
+#include "frontend/gui/sdl_host_state.h"
+#include "frontend/gui/sdl_modal_events.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/text_entry.h"
+#include "utils/ascii_text.h"
 #include "utils/path_utils.h"
 #include "utils/string_utils.h"
 
@@ -159,9 +162,9 @@ void HandleEvent(const SDL_Event& event, SDL_Window* window, HddCreateDialogStat
 }
 
 // The first event that decides wins; the rest of the queue is taken without effect.
-void HandleEvents(SDL_Window* window, HddCreateDialogState* state) {
+void HandleEvents(SDL_Window* window, ModalEventQueue* events, HddCreateDialogState* state) {
   SDL_Event event;
-  while (PollModalEvent(window, &event)) {
+  while (events->Poll(&event)) {
     if (!state->done) {
       HandleEvent(event, window, state);
     }
@@ -169,9 +172,10 @@ void HandleEvents(SDL_Window* window, HddCreateDialogState* state) {
 }
 
 void RunLoop(const ModalWindowBundle& bundle, HddCreateDialogState* state) {
+  ModalEventQueue events(bundle.window.get());
   while (!state->done) {
     PumpModalDialogHeartbeat();
-    HandleEvents(bundle.window.get(), state);
+    HandleEvents(bundle.window.get(), &events, state);
     RenderHddCreateDialog(bundle.renderer.get(), *state);
     PresentModalFrame(bundle.window.get(), bundle.renderer.get(), &state->shown);
     SDL_Delay(kListFrameDelayMs);
@@ -217,7 +221,7 @@ void HandleHddCreateDialogTextInput(HddCreateDialogState* state, const char* tex
     return;
   }
   if (state->focus == kFocusSize) {
-    TypeAcceptedBytes(text, IsAsciiDigit, kMaxSizeDigits, &state->size_text);
+    TypeAcceptedBytes(text, utils::is_ascii_digit, kMaxSizeDigits, &state->size_text);
   } else if (state->focus == kFocusName) {
     TypeAcceptedBytes(text, utils::is_allowed_filename_char, kMaxNameBytes, &state->name_text);
   }
@@ -289,6 +293,7 @@ void OpenHddCreateFolderPicker(SDL_Window* parent, std::string& folder) {
 
 HddCreateDialogResult ShowSimpleHddCreateDialog(SDL_Window* parent, const std::string& folder,
                                                 unsigned int defaultSizeMb) {
+  const ModalHostState host_state;
   HddCreateDialogState state = MakeInitialState(folder, defaultSizeMb);
   const ModalWindowBundle bundle =
       CreateModalWindowBundle(parent, "Create HDD Image", 80, 80, kWindowWidth, kWindowHeight,

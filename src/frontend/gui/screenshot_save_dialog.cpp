@@ -8,9 +8,12 @@
 #include "frontend/gui/form_draw.h"
 #include "frontend/gui/form_folder.h"
 #include "frontend/gui/sdl_draw.h"
+#include "frontend/gui/sdl_host_state.h"
+#include "frontend/gui/sdl_modal_events.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/text_entry.h"
+#include "utils/ascii_text.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -315,16 +318,16 @@ void HandleEvent(const SDL_Event& event, SDL_Window* window, ScreenshotSaveDialo
     HandleScreenshotSaveDialogKey(state, event.key.keysym.sym);
   } else if (event.type == SDL_TEXTINPUT) {
     HandleScreenshotSaveDialogTextInput(state, static_cast<const char*>(event.text.text));
-  } else if (IsLeftButtonEvent(event) && !IsMouseEventOfOtherWindow(window, event)) {
+  } else if (IsLeftButtonEvent(event) && !IsInputOfOtherWindow(window, event)) {
     HandleScreenshotSaveDialogMouseButton(state, window, event.button,
                                           event.type == SDL_MOUSEBUTTONDOWN);
   }
 }
 
 // The first event that decides wins; the rest of the queue is taken without effect.
-void HandleEvents(SDL_Window* window, ScreenshotSaveDialogState* state) {
+void HandleEvents(SDL_Window* window, ModalEventQueue* events, ScreenshotSaveDialogState* state) {
   SDL_Event event;
-  while (PollModalEvent(window, &event)) {
+  while (events->Poll(&event)) {
     if (!state->done) {
       HandleEvent(event, window, state);
     }
@@ -343,10 +346,11 @@ ScreenshotSaveDialogSession SessionOf(const ScreenshotSaveDialogState& state,
 void RunLoop(const ModalWindowBundle& bundle, ScreenshotSaveDialogState* state) {
   SDL_Window* window = bundle.window.get();
   SDL_Renderer* renderer = bundle.renderer.get();
+  ModalEventQueue events(window);
   bool shown = false;
   while (!state->done) {
     PumpModalDialogHeartbeat();
-    HandleEvents(window, state);
+    HandleEvents(window, &events, state);
     RenderScreenshotSaveDialog(SessionOf(*state, renderer), LayoutOfWindow(window));
     PresentModalFrame(window, renderer, &shown);
     SDL_Delay(kListFrameDelayMs);
@@ -408,10 +412,11 @@ void HandleScreenshotSaveDialogTextInput(ScreenshotSaveDialogState* state, const
                         &state->file_name_text);
       break;
     case kFocusJpegQuality:
-      TypeAcceptedBytes(utf8_text, IsAsciiDigit, kMaxJpegQualityDigits, &state->jpeg_quality_text);
+      TypeAcceptedBytes(utf8_text, utils::is_ascii_digit, kMaxJpegQualityDigits,
+                        &state->jpeg_quality_text);
       break;
     case kFocusPngCompression:
-      TypeAcceptedBytes(utf8_text, IsAsciiDigit, kMaxPngCompressionDigits,
+      TypeAcceptedBytes(utf8_text, utils::is_ascii_digit, kMaxPngCompressionDigits,
                         &state->png_compression_text);
       break;
     default:
@@ -484,6 +489,7 @@ ScreenshotSaveDialogResult ShowScreenshotSaveDialog(SDL_Window* parent,
                                                     const std::string& initial_file_name,
                                                     ScreenshotSaveFormat format, int jpeg_quality,
                                                     int png_compression, bool bmp_rle) {
+  const ModalHostState host_state;
   ScreenshotSaveDialogState state = MakeInitialState(initial_folder, initial_file_name, format);
   SetInitialOptions(jpeg_quality, png_compression, bmp_rle, &state);
   const ModalWindowBundle bundle = CreateModalWindowBundle(

@@ -1,7 +1,5 @@
 #include "frontend/gui/sdl_draw.h"
 
-#include <cmath>
-
 namespace quindle::frontend::gui {
 namespace {
 
@@ -59,10 +57,6 @@ TextExtent MeasureText(TTF_Font* font, const std::string& text) {
 
 int FontHeightOrFallback(TTF_Font* font, int fallback) {
   return font == nullptr ? fallback : TTF_FontHeight(font);
-}
-
-int RoundToInt(float value) {
-  return static_cast<int>(std::lround(value));
 }
 
 ScopedClip::ScopedClip(SDL_Renderer* renderer, const SDL_Rect& area)

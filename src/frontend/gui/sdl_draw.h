@@ -34,9 +34,6 @@ TextExtent MeasureText(TTF_Font* font, const std::string& text);
 // Height of a font's line, or `fallback` without a font.
 int FontHeightOrFallback(TTF_Font* font, int fallback);
 
-// Rounds half away from zero, as all scaled metrics do.
-int RoundToInt(float value);
-
 // Narrows the renderer's clip rectangle to `area` and puts the former one back when it goes out of
 // scope. An area without room leaves nothing to draw on.
 class ScopedClip {

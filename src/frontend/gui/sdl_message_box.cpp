@@ -6,8 +6,11 @@
 #include <optional>
 #include <utility>
 
+#include "frontend/gui/numbers.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_glyph_font.h"
+#include "frontend/gui/sdl_host_state.h"
+#include "frontend/gui/sdl_modal_events.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
 
@@ -308,9 +311,7 @@ struct Choice {
 void ChooseButton(const SdlMessageBox::Button& button, Choice* choice) {
   choice->result = button.id;
   choice->done = true;
-  if (button.onClick) {
-    button.onClick();
-  }
+  CallHost(button.onClick);
 }
 
 void ChooseCancelButton(const SdlMessageBox::Config& config, Choice* choice) {
@@ -347,10 +348,10 @@ void HandleMessageBoxEvent(const SDL_Event& event, const SdlMessageBox::Config& 
   }
 }
 
-void HandleMessageBoxEvents(SDL_Window* window, const SdlMessageBox::Config& config,
-                            const SdlMessageBoxLayout& layout, Choice* choice) {
+void HandleMessageBoxEvents(const SdlMessageBox::Config& config, const SdlMessageBoxLayout& layout,
+                            ModalEventQueue* events, Choice* choice) {
   SDL_Event event;
-  while (!choice->stop_reading && PollModalEvent(window, &event)) {
+  while (!choice->stop_reading && events->Poll(&event)) {
     HandleMessageBoxEvent(event, config, layout, choice);
   }
 }
@@ -390,6 +391,7 @@ SdlMessageBox::SdlMessageBox(Config config) : config_(std::move(config)) {
 }
 
 int SdlMessageBox::Show(SDL_Window* parent, float /*scale*/) {
+  const ModalHostState host_state;
   const int width = std::max(320, config_.width);
   const int height = std::max(180, config_.height);
   const ModalWindowBundle bundle =
@@ -458,12 +460,13 @@ int RunSdlMessageBoxLoop(SDL_Window* window, SDL_Renderer* renderer,
   const DrawableGlyph badge =
       ResolveBadgeGlyph(visual.glyph, fonts.iconFont.get(), IconFontSize(scale));
   const MessageBoxTypeVisual drawable_visual{visual.accent, badge.glyph};
+  ModalEventQueue events(window);
   Choice choice;
   bool shown = false;
   while (!choice.done) {
     PumpModalDialogHeartbeat();
     const SdlMessageBoxLayout layout = LayOutForWindow(window, config, scale, fonts);
-    HandleMessageBoxEvents(window, config, layout, &choice);
+    HandleMessageBoxEvents(config, layout, &events, &choice);
     const ModalPointer pointer = ReadModalPointer(window);
     RenderSdlMessageBoxFrame(renderer, config, drawable_visual, layout, badge.font,
                              fonts.titleFont.get(), fonts.bodyFont.get(), fonts.buttonFont.get(),

@@ -22,20 +22,6 @@ struct ModalPointer {
   bool left_down = false;
 };
 
-// Takes the next event for a dialog; false once the queue is empty. Window events of other windows
-// are dropped. Key, text and mouse events are NOT filtered: that rule is the dialog's.
-bool PollModalEvent(SDL_Window* window, SDL_Event* event);
-
-// True for a quit, and for a close of the dialog's own window, of an event from PollModalEvent.
-bool IsModalCancelEvent(const SDL_Event& event);
-
-// True for a mouse button, motion or wheel event that names a window other than the dialog's. Id 0
-// (no window) counts as the dialog's, as do all events that are not of the mouse.
-bool IsMouseEventOfOtherWindow(SDL_Window* window, const SDL_Event& event);
-
-// True for a press or release of the left mouse button.
-bool IsLeftButtonEvent(const SDL_Event& event);
-
 // Reads the pointer as it is now. Called where the dialog's frame wants it.
 ModalPointer ReadModalPointer(SDL_Window* window);
 

@@ -3,6 +3,7 @@
 #include <mutex>
 #include <utility>
 
+#include "frontend/gui/sdl_host_state.h"
 #include "frontend/gui/window_focus.h"
 #include "frontend/gui/x11_modal_hints.h"
 
@@ -80,9 +81,7 @@ void PumpModalDialogHeartbeat() {
     heartbeat = g_modal_heartbeat;
   }
   // A copy, called without the lock: the heartbeat may replace itself or open another dialog.
-  if (heartbeat) {
-    heartbeat();
-  }
+  CallHost(heartbeat);
 }
 
 ModalWindowBundle CreateModalWindowBundle(SDL_Window* parent, const char* title, int x, int y,

@@ -1,11 +1,13 @@
 #include <algorithm>
-#include <limits>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
 #include "frontend/gui/drawable_text.h"
+#include "frontend/gui/numbers.h"
 #include "frontend/gui/sdl_draw.h"
+#include "frontend/gui/sdl_host_state.h"
+#include "frontend/gui/sdl_modal_events.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/sdl_pickers.h"
@@ -98,15 +100,6 @@ PickerLayout LayOutForWindow(SDL_Window* window, const SdlPickerDialogOptions& o
   int height = 0;
   SDL_GetWindowSize(window, &width, &height);
   return BuildPickerLayout(options, width, height);
-}
-
-int ClampToInt(long long value) {
-  using Limits = std::numeric_limits<int>;
-  return static_cast<int>(std::clamp<long long>(value, Limits::min(), Limits::max()));
-}
-
-int TruncateToInt(float value) {
-  return ClampToInt(static_cast<long long>(value));
 }
 
 int RowCount(const PickerState& state) {
@@ -301,7 +294,7 @@ void HandleLeftButton(const SdlPickerDialogOptions& options, const SDL_MouseButt
 
 void HandlePointerEvent(SDL_Window* window, const SdlPickerDialogOptions& options,
                         const SDL_Event& event, PickerState* state) {
-  if (IsMouseEventOfOtherWindow(window, event)) {
+  if (IsInputOfOtherWindow(window, event)) {
     return;
   }
   const PickerLayout layout = LayOutForWindow(window, options);
@@ -336,9 +329,10 @@ void HandleEvent(SDL_Window* window, const SdlPickerDialogOptions& options, cons
 }
 
 // Empties the queue; nothing behind the event that decides changes the outcome.
-void HandleEvents(SDL_Window* window, const SdlPickerDialogOptions& options, PickerState* state) {
+void HandleEvents(SDL_Window* window, const SdlPickerDialogOptions& options,
+                  ModalEventQueue* events, PickerState* state) {
   SDL_Event event;
-  while (PollModalEvent(window, &event)) {
+  while (events->Poll(&event)) {
     if (!state->done) {
       HandleEvent(window, options, event, state);
     }
@@ -416,9 +410,10 @@ void DrawPickerFrame(SDL_Renderer* renderer, const SdlPickerDialogOptions& optio
 void RunPickerLoop(const ModalWindowBundle& bundle, const SdlPickerDialogOptions& options,
                    PickerState* state) {
   SDL_Window* window = bundle.window.get();
+  ModalEventQueue events(window);
   while (!state->done) {
     PumpModalDialogHeartbeat();
-    HandleEvents(window, options, state);
+    HandleEvents(window, options, &events, state);
     const PickerLayout layout = LayOutForWindow(window, options);
     ClampScroll(state, layout.visible_rows);
     DrawPickerFrame(bundle.renderer.get(), options, *state, layout);
@@ -430,6 +425,7 @@ void RunPickerLoop(const ModalWindowBundle& bundle, const SdlPickerDialogOptions
 }  // namespace
 
 std::string RunSimplePickerDialog(SDL_Window* parent, const SdlPickerDialogOptions& options) {
+  const ModalHostState host_state;
   fs::path start_dir = ResolveStartDirectory(options.start_dir);
   const ModalWindowBundle bundle = CreateModalWindowBundle(
       parent, options.title == nullptr ? "" : options.title, kWindowOffset, kWindowOffset,

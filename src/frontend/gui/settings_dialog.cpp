@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "frontend/gui/sdl_draw.h"
+#include "frontend/gui/sdl_host_state.h"
+#include "frontend/gui/sdl_modal_events.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_pickers.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
@@ -97,9 +99,7 @@ void HandleSettingsPress(const SDL_Point& point, const ApplyCallback& apply,
     return;
   }
   if (IsInRect(point.x, point.y, session->apply_button)) {
-    if (apply) {
-      apply(session->values);
-    }
+    CallHost(apply, session->values);
     return;
   }
   if (const std::optional<int> panel_id = FindNavPanelAt(*session->nav_items, point)) {
@@ -123,10 +123,11 @@ void HandleSettingsEvent(const SDL_Event& event, const ApplyCallback& apply,
   }
 }
 
-FrameInput HandleSettingsEvents(const ApplyCallback& apply, SettingsDialogSession* session) {
+FrameInput HandleSettingsEvents(const ApplyCallback& apply, ModalEventQueue* events,
+                                SettingsDialogSession* session) {
   FrameInput input;
   SDL_Event event;
-  while (!input.closing && PollModalEvent(session->window, &event)) {
+  while (!input.closing && events->Poll(&event)) {
     HandleSettingsEvent(event, apply, session, &input);
   }
   return input;
@@ -219,6 +220,7 @@ SettingsDialogSession BuildSettingsSession(SettingsDialogHandles* handles,
 
 void ShowSettingsDialog(SDL_Window* parent, float /*scale*/, const SettingsDialogValues& initial,
                         std::function<void(const SettingsDialogValues&)> apply) {
+  const ModalHostState host_state;
   std::optional<SettingsDialogHandles> opened = OpenSettingsDialog(parent);
   if (!opened) {
     return;
@@ -238,11 +240,12 @@ void RunSettingsDialogLoop(SettingsDialogSession* session,
       session->nav_items == nullptr) {
     return;
   }
+  ModalEventQueue events(session->window);
   while (true) {
     PumpModalDialogHeartbeat();
     // Before the events: "held" and "hovered" are as the frame found them.
     const ModalPointer pointer = ReadModalPointer(session->window);
-    const FrameInput input = HandleSettingsEvents(apply, session);
+    const FrameInput input = HandleSettingsEvents(apply, &events, session);
     if (input.closing) {
       return;
     }

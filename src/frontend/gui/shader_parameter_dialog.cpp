@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <optional>
 #include <utility>
 
 #include "frontend/gui/float_text.h"
+#include "frontend/gui/numbers.h"
 #include "frontend/gui/sdl_draw.h"
+#include "frontend/gui/sdl_host_state.h"
+#include "frontend/gui/sdl_modal_events.h"
 #include "frontend/gui/sdl_modal_frame.h"
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/sdl_text_fit.h"
@@ -52,18 +54,6 @@ constexpr SDL_Color kButtonBorder{84, 92, 104, 255};
 
 // --- Numbers -------------------------------------------------------------------------------------
 
-int ClampToInt(long long value) {
-  return static_cast<int>(std::clamp<long long>(value, std::numeric_limits<int>::min(),
-                                                std::numeric_limits<int>::max()));
-}
-
-// Truncates toward zero; a value beyond int becomes the nearest bound. A NaN never gets here:
-// fractions of a slider come from ClampToUnit, those of the scroll bar from whole numbers.
-int TruncToInt(float value) {
-  constexpr float kBeyondInt = 2147483648.0F;
-  return ClampToInt(static_cast<long long>(std::clamp(value, -kBeyondInt, kBeyondInt)));
-}
-
 // An undefined fraction counts as 0.
 float ClampToUnit(float fraction) {
   return std::isnan(fraction) ? 0.0F : std::clamp(fraction, 0.0F, 1.0F);
@@ -93,7 +83,7 @@ SDL_Rect ThumbRect(const ShaderDialogLayout& layout, long long list_height, int 
   const long long view_h = layout.view_h;
   thumb.h = ClampToInt(std::max<long long>(view_h * view_h / list_height, kMinThumbHeight));
   const float fraction = static_cast<float>(scroll) / static_cast<float>(layout.max_scroll);
-  thumb.y = layout.view_top + TruncToInt(fraction * ThumbTravel(layout, thumb.h));
+  thumb.y = layout.view_top + TruncateToInt(fraction * ThumbTravel(layout, thumb.h));
   return thumb;
 }
 
@@ -160,9 +150,7 @@ void PullSliderTo(int x, ShaderDialogSession* session) {
 
 void ApplyValues(ShaderDialogSession* session, const ShaderApplyCallback& on_apply) {
   session->result->applied = true;
-  if (on_apply) {
-    on_apply(session->result->values);
-  }
+  CallHost(on_apply, session->result->values);
 }
 
 Progress CancelDialog(ShaderDialogSession* session) {
@@ -212,7 +200,7 @@ void HandlePress(int x, int y, const ShaderDialogLayout& layout, ShaderDialogSes
 void DragScrollbarTo(int y, const ShaderDialogLayout& layout, ShaderDialogSession* session) {
   const float moved = static_cast<float>(static_cast<long long>(y) - session->drag_start_y);
   const float fraction = moved / ThumbTravel(layout, layout.scroll_thumb.h);
-  const long long distance = TruncToInt(fraction * static_cast<float>(layout.max_scroll));
+  const long long distance = TruncateToInt(fraction * static_cast<float>(layout.max_scroll));
   ScrollTo(layout, session->drag_start_scroll + distance, session);
 }
 
@@ -255,7 +243,7 @@ Progress HandleKey(SDL_Keycode key, ShaderDialogSession* session,
 
 Progress HandleMouse(const SDL_Event& event, const ShaderDialogLayout& layout,
                      ShaderDialogSession* session, const ShaderApplyCallback& on_apply) {
-  if (IsMouseEventOfOtherWindow(session->window, event)) {
+  if (IsInputOfOtherWindow(session->window, event)) {
     return Progress::Continue;
   }
   if (event.type == SDL_MOUSEWHEEL) {
@@ -287,10 +275,11 @@ Progress HandleEvent(const SDL_Event& event, ShaderDialogLayout* layout,
   return HandleMouse(event, *layout, session, on_apply);
 }
 
-Progress HandleEvents(ShaderDialogSession* session, const ShaderApplyCallback& on_apply) {
+Progress HandleEvents(ModalEventQueue* events, ShaderDialogSession* session,
+                      const ShaderApplyCallback& on_apply) {
   ShaderDialogLayout layout = LayOutForWindow(*session);
   SDL_Event event;
-  while (PollModalEvent(session->window, &event)) {
+  while (events->Poll(&event)) {
     if (HandleEvent(event, &layout, session, on_apply) == Progress::Finished) {
       return Progress::Finished;
     }
@@ -352,7 +341,8 @@ int FilledWidth(const ShaderParameterSpec& spec, float value, int track_width) {
   const float range = spec.max_value - spec.min_value;
   const float divisor = range > kLeastRange ? range : kLeastRange;
   const float fraction = ClampToUnit((value - spec.min_value) / divisor);
-  return std::min(TruncToInt(std::round(static_cast<float>(track_width) * fraction)), track_width);
+  return std::min(TruncateToInt(std::round(static_cast<float>(track_width) * fraction)),
+                  track_width);
 }
 
 void DrawSlider(SDL_Renderer* renderer, const SDL_Rect& track, int filled_width) {
@@ -460,7 +450,9 @@ ModalWindowBundle OpenDialogWindow(SDL_Window* parent, const ShaderDialogGeometr
 void EditValues(SDL_Window* parent, const std::string& shader_path,
                 const std::vector<ShaderParameterSpec>& specs, const ShaderApplyCallback& on_apply,
                 ShaderDialogResult* result) {
-  // Stands first, so that the dialog's window is gone when the parent gets the focus back.
+  const ModalHostState host_state;
+  // In front of the window, so that the dialog's window is gone when the parent gets the focus
+  // back.
   std::optional<ModalParentFocus> parent_focus;
   const ShaderDialogGeometry geometry =
       BuildShaderDialogGeometry(ClampToInt(static_cast<long long>(specs.size())), 1.0F);
@@ -546,9 +538,10 @@ void RunShaderParameterDialog(ShaderDialogSession* session, const ShaderApplyCal
   if (!IsComplete(session)) {
     return;
   }
+  ModalEventQueue events(session->window);
   while (true) {
     PumpModalDialogHeartbeat();
-    if (HandleEvents(session, on_apply) == Progress::Finished) {
+    if (HandleEvents(&events, session, on_apply) == Progress::Finished) {
       return;
     }
     DrawFrame(session);

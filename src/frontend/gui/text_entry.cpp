@@ -2,14 +2,12 @@
 
 #include <algorithm>
 
+#include "utils/ascii_text.h"
+
 namespace quindle::frontend::gui {
 
-bool IsAsciiDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 bool IsDigitString(std::string_view text) {
-  return !text.empty() && std::all_of(text.begin(), text.end(), IsAsciiDigit);
+  return !text.empty() && std::all_of(text.begin(), text.end(), utils::is_ascii_digit);
 }
 
 void TypeAcceptedBytes(std::string_view typed, bool (*accept)(char), std::size_t max_size,

@@ -8,8 +8,6 @@
 
 namespace quindle::frontend::gui {
 
-bool IsAsciiDigit(char c);
-
 // True for a text of one or more ASCII digits and nothing else.
 bool IsDigitString(std::string_view text);
 
