@@ -6,6 +6,7 @@
 #include "support/recorder_state.h"
 
 using quindle::testing::EnterCall;
+using quindle::testing::InsideTtf;
 
 extern "C" {
 
@@ -19,7 +20,10 @@ int SDL_PeepEvents(SDL_Event* events, int count, SDL_eventaction action, Uint32 
 QUINDLE_WRAP_SLOT(SDL_free, false)
 void SDL_free(void* memory) {
   QUINDLE_REAL(SDL_free);
-  EnterCall(slot, memory);
+  // What SDL_ttf frees is its own.
+  if (!InsideTtf::IsActive()) {
+    EnterCall(slot, memory);
+  }
   real(memory);
 }
 
