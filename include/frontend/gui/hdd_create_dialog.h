@@ -48,58 +48,52 @@ struct HddCreateDialogLayout {
 /// @return the rectangles
 QUINDLE_SDL_UI_EXPORT HddCreateDialogLayout BuildHddCreateDialogLayout();
 
-/// Applies a key press; `key` is an SDL_Keycode. Escape cancels, Tab moves between the size and the
-/// file-name field, Backspace removes a byte, Return and keypad Enter commit. Does nothing for
-/// other keys and when `state` is null.
+/// Applies a key press. Escape cancels, Tab moves between the size and the file-name field,
+/// Backspace removes a byte, Return and keypad Enter commit.
 /// @param state the dialog's state; null does nothing
-/// @param key an SDL_Keycode
+/// @param key an SDL_Keycode; other keys do nothing
 QUINDLE_SDL_UI_EXPORT void HandleHddCreateDialogKey(HddCreateDialogState* state, int key);
 
-/// Types `text` (UTF-8) byte by byte into the field that has the focus: digits into the size,
-/// characters that file names may hold into the name. Bytes that are refused or find no room are
-/// skipped. Does nothing when `state` is null or `text` is null or empty.
+/// Types a text byte by byte into the field that has the focus: digits into the size, characters
+/// that file names may hold into the name. Bytes that are refused or find no room are skipped.
 /// @param state the dialog's state; null does nothing
 /// @param text UTF-8; null or empty does nothing
 QUINDLE_SDL_UI_EXPORT void HandleHddCreateDialogTextInput(HddCreateDialogState* state,
                                                           const char* text);
 
-/// Applies a press (`pressed`) or release of the left mouse button; pass no other button. A press
-/// moves the focus, a release acts on what lies under it. `window` is the dialog's own and becomes
-/// the folder picker's parent; that picker runs inside this call, which may throw what its
-/// heartbeat throws. Does nothing when `state` or `window` is null.
+/// Applies a press or release of the left mouse button. A press moves the focus, a release acts on
+/// what lies under it. The folder picker runs inside this call, which may throw what its heartbeat
+/// throws.
 /// @param state the dialog's state; null does nothing
-/// @param window the dialog's window; null does nothing
-/// @param event where the pointer was
+/// @param window the dialog's window, which becomes the folder picker's parent; null does nothing
+/// @param event where the pointer was; pass none of another button
 /// @param pressed true for a press, false for a release
 QUINDLE_SDL_UI_EXPORT void HandleHddCreateDialogMouseButton(HddCreateDialogState* state,
                                                             SDL_Window* window,
                                                             const SDL_MouseButtonEvent& event,
                                                             bool pressed);
 
-/// Returns the size in MB that `text` states, between 1 and 4294967295; larger numbers become the
-/// greatest size, 0 becomes 1. Returns `fallback`, as it stands, for a text that is empty, holds
-/// anything but ASCII digits, or does not fit into 64 bits.
-/// @param text the typed size
-/// @param fallback what an unusable text yields
-/// @return the size in MB
+/// Reads a typed size.
+/// @param text the size in MB; unusable when it is empty, holds anything but ASCII digits, or does
+/// not fit into 64 bits
+/// @param fallback what an unusable text yields, as it stands
+/// @return the size in MB; 0 becomes 1, and more than 4294967295 that number
 QUINDLE_SDL_UI_EXPORT unsigned int ParseHddCreateSizeMbOrDefault(const std::string& text,
                                                                  unsigned int fallback);
 
-/// Returns the path of the image: `folder` (empty: ".") joined with `fileName` (empty: "disk.img").
-/// No extension is added. An absolute `fileName` stands alone.
-/// @param folder the folder, as its bytes
-/// @param fileName the file's name, as its bytes
-/// @return the path, as its bytes
+/// Joins folder and file name of an image. No extension is added.
+/// @param folder the folder, as its bytes; empty counts as "."
+/// @param fileName the file's name, as its bytes; empty counts as "disk.img"
+/// @return the path, as its bytes; `fileName` alone when that is absolute
 QUINDLE_SDL_UI_EXPORT std::string BuildHddCreateTargetPath(const std::string& folder,
                                                            const std::string& fileName);
 
 /// Turns the typed texts into the result and ends the loop. A size text that is no number keeps the
-/// former size. Nothing is refused, and no file is looked at. Does nothing when `state` is null.
+/// former size. Nothing is refused, and no file is looked at.
 /// @param state the dialog's state; null does nothing
 QUINDLE_SDL_UI_EXPORT void CommitHddCreateDialogResult(HddCreateDialogState* state);
 
-/// Draws one line of UTF-8 `text` with the dialog's font (16 points) at (`x`, `y`), in window
-/// pixels. Does nothing when `renderer` is null, `text` is null or empty, or the font is
+/// Draws one line of text with the dialog's font (16 points). Does nothing when that is
 /// unavailable.
 /// @param renderer null does nothing
 /// @param text UTF-8; null or empty does nothing
@@ -109,29 +103,25 @@ QUINDLE_SDL_UI_EXPORT void CommitHddCreateDialogResult(HddCreateDialogState* sta
 QUINDLE_SDL_UI_EXPORT void DrawHddCreateDialogText(SDL_Renderer* renderer, const char* text, int x,
                                                    int y, SDL_Color colour);
 
-/// Draws one frame without presenting it. `renderer` is borrowed; does nothing when it is null.
-/// @param renderer the target; null does nothing
+/// Draws one frame without presenting it.
+/// @param renderer the target; borrowed; null does nothing
 /// @param state what is drawn
 QUINDLE_SDL_UI_EXPORT void RenderHddCreateDialog(SDL_Renderer* renderer,
                                                  const HddCreateDialogState& state);
 
-/// Runs the folder picker over `parent` (may be null), starting in `folder`, and stores the chosen
-/// folder there; a cancelled picker leaves it unchanged. Throws std::filesystem::filesystem_error
-/// only when `folder` is empty and the working directory cannot be determined.
+/// Runs the folder picker. Throws std::filesystem::filesystem_error only when `folder` is empty and
+/// the working directory cannot be determined.
 /// @param parent the window to be modal for; may be null
-/// @param folder shown first; replaced by the chosen folder
+/// @param folder shown first; replaced by the chosen folder, unchanged when the picker is cancelled
 QUINDLE_SDL_UI_EXPORT void OpenHddCreateFolderPicker(SDL_Window* parent, std::string& folder);
 
-/// Shows the dialog over `parent` (may be null) and blocks until the user creates or cancels.
-///
-/// `folder` is the folder shown first (empty: "."), `defaultSizeMb` the size shown first, in MB (0:
-/// 10). Returns the start values with `accepted` false when the dialog was cancelled, whatever was
-/// typed, and when no window could be made. The path that the dialog showed is
-/// BuildHddCreateTargetPath(result.folder, result.file_name).
+/// Shows the dialog and blocks until the user creates or cancels. The path that it shows is
+/// BuildHddCreateTargetPath(result.folder, result.file_name). SDL's text input is off afterwards.
 /// @param parent the window to be modal for; may be null
 /// @param folder shown first; empty means "."
 /// @param defaultSizeMb shown first, in MB; 0 means 10
-/// @return the committed values, or the start values with `accepted` false
+/// @return the committed values; the start values with `accepted` false when the dialog was
+/// cancelled, whatever was typed, or no window could be made
 QUINDLE_SDL_UI_EXPORT HddCreateDialogResult ShowSimpleHddCreateDialog(SDL_Window* parent,
                                                                       const std::string& folder,
                                                                       unsigned int defaultSizeMb);

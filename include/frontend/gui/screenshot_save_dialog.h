@@ -23,62 +23,61 @@ enum class ScreenshotSaveFormat : std::uint8_t {
   Bmp = 2,   ///< "bmp"; option: run-length encoding.
 };
 
-/// Returns the format's row in the drop-down list, such as "PNG (*.png)".
-/// @param format a value that names no format counts as Png
-/// @return the label
+/// Tells a format's row in the drop-down list.
+/// @param format the format
+/// @return the label, such as "PNG (*.png)"
 QUINDLE_SDL_UI_EXPORT std::string FormatLabel(ScreenshotSaveFormat format);
 
-/// Returns the label of the format's option, such as "JPEG quality (1-100):". Lifetime: static.
-/// @param format a value that names no format counts as Png
-/// @return the label
+/// Tells the label of a format's option.
+/// @param format the format
+/// @return the label, such as "JPEG quality (1-100):". Lifetime: static.
 QUINDLE_SDL_UI_EXPORT const char* FormatValueLabel(ScreenshotSaveFormat format);
 
-/// Returns the file extension without its dot, such as "jpg". Lifetime: static.
-/// @param format a value that names no format counts as Png
-/// @return the extension
+/// Tells a format's file extension.
+/// @param format the format
+/// @return the extension without its dot, such as "jpg". Lifetime: static.
 QUINDLE_SDL_UI_EXPORT const char* ScreenshotSaveFormatExtension(ScreenshotSaveFormat format);
 
-/// Returns the number that `text` states, clamped to the option's range: 1 to 100 for Jpeg, 0 to 9
-/// for Png. Returns `fallback`, as it stands, for a text that is empty, holds anything but ASCII
-/// digits or does not fit into an int, and always for Bmp, whose option is no number.
+/// Reads a typed option.
 /// @param format whose option it is
-/// @param text the typed option
-/// @param fallback what an unusable text yields
-/// @return the option
+/// @param text the option; unusable when it is empty, holds anything but ASCII digits or does not
+/// fit into an int, and always for Bmp, whose option is no number
+/// @param fallback what an unusable text yields, as it stands
+/// @return the number, clamped to 1 .. 100 for Jpeg and to 0 .. 9 for Png
 QUINDLE_SDL_UI_EXPORT int ClampFormatValue(ScreenshotSaveFormat format, const std::string& text,
                                            int fallback);
 
-/// Returns the last component of `name` with its last dot and what follows replaced by the format's
-/// extension, or added to a name without one. A name without a usable stem becomes
-/// "quindle_capture".
-/// @param name a file name or path
+/// Gives a file name the extension of a format.
+/// @param name a file name, or a path, of which the last component counts
 /// @param format whose extension it gets
-/// @return a bare file name
+/// @return the bare name with its last dot and what follows replaced by the extension; a name
+/// without a usable stem becomes "quindle_capture"
 QUINDLE_SDL_UI_EXPORT std::string ReplaceFilenameExtension(const std::string& name,
                                                            ScreenshotSaveFormat format);
 
-/// Returns a file name made of the local time, such as
-/// "quindle_capture_2026_11_14_23_05_09.png". Two calls within a second give the same name.
+/// Makes a file name of the local time. Two calls within a second give the same name.
 /// @param format whose extension it gets
-/// @return a bare file name
+/// @return a bare file name, such as "quindle_capture_2026_11_14_23_05_09.png"
 QUINDLE_SDL_UI_EXPORT std::string MakeDefaultScreenshotFilename(ScreenshotSaveFormat format);
 
-/// True when the byte `c` may be typed into a file-name field.
-/// @param c the byte
+/// Tells what may be typed into the file-name field; the rule of
+/// quindle::utils::is_allowed_filename_char.
+/// @param c one byte
 /// @return whether it may be typed
 QUINDLE_SDL_UI_EXPORT bool IsAllowedFilenameChar(char c);
 
-/// Shortens `text` to at most `maxChars` bytes from the left, so that its end stays readable.
+/// Shortens a text from the left, so that its end stays readable; as
+/// quindle::utils::ellipsize_left.
 /// @param text UTF-8
 /// @param maxChars the limit, in bytes
 /// @return the text, shortened where it was longer
 QUINDLE_SDL_UI_EXPORT std::string EllipsizeLeft(const std::string& text, std::size_t maxChars);
 
-/// True when (`x`, `y`) lies in `rect`; left and top edges inside, right and bottom edges outside.
+/// Tells whether a point lies in a rectangle; left and top edges inside, right and bottom outside.
 /// @param rect the rectangle
-/// @param x the point
-/// @param y the point
-/// @return whether the point is inside
+/// @param x the point's column
+/// @param y the point's row
+/// @return true when it does
 QUINDLE_SDL_UI_EXPORT bool IsInside(const SDL_Rect& rect, int x, int y);
 
 /// What the user decided. A cancelled dialog leaves the folder and the file name empty, the format
@@ -133,37 +132,33 @@ struct ScreenshotSaveDialogLayout {
   int path_y = 0;                        ///< Top of the row with the full path.
 };
 
-/// Computes the geometry for a client size of `w` x `h` pixels. Negative sizes count as 0; a field
-/// that a narrow window leaves no room for is 0 wide.
-/// @param w client width in pixels
-/// @param h client height in pixels
+/// Computes the geometry. A field that a narrow window leaves no room for is 0 wide.
+/// @param w client width in pixels; negative counts as 0
+/// @param h client height in pixels; negative counts as 0
 /// @return the rectangles
 QUINDLE_SDL_UI_EXPORT ScreenshotSaveDialogLayout BuildScreenshotSaveDialogLayout(int w, int h);
 
 /// Applies a key press. Escape closes the list or cancels, Return and keypad Enter commit while the
 /// list is closed, Tab moves between the file-name and the option field, Backspace removes a byte.
-/// Does nothing for other keys and when `state` is null.
 /// @param state the dialog's state; null does nothing
-/// @param sdl_keycode an SDL_Keycode
+/// @param sdl_keycode an SDL_Keycode; other keys do nothing
 QUINDLE_SDL_UI_EXPORT void HandleScreenshotSaveDialogKey(ScreenshotSaveDialogState* state,
                                                          int sdl_keycode);
 
-/// Types `utf8_text` byte by byte into the field that has the focus: characters that file names may
-/// hold into the name, digits into the options. Bytes that are refused or find no room are skipped.
-/// Does nothing when `state` or `utf8_text` is null.
+/// Types a text byte by byte into the field that has the focus: characters that file names may hold
+/// into the name, digits into the options. Bytes that are refused or find no room are skipped.
 /// @param state the dialog's state; null does nothing
 /// @param utf8_text UTF-8; null does nothing
 QUINDLE_SDL_UI_EXPORT void HandleScreenshotSaveDialogTextInput(ScreenshotSaveDialogState* state,
                                                                const char* utf8_text);
 
-/// Applies a press (`pressed`) or release of the left mouse button; pass no other button. A press
-/// moves the focus and closes the open list unless it hits the list or its box; a release acts on
-/// what lies under it. `window` is the dialog's own: its size places the rectangles, and it becomes
-/// the folder picker's parent. That picker runs inside this call, which may throw what its
-/// heartbeat throws. Does nothing when `state` or `window` is null.
+/// Applies a press or release of the left mouse button. A press moves the focus and closes the open
+/// list unless it hits the list or its box; a release acts on what lies under it. The folder picker
+/// runs inside this call, which may throw what its heartbeat throws.
 /// @param state the dialog's state; null does nothing
-/// @param window the dialog's window; null does nothing
-/// @param event where the pointer was
+/// @param window the dialog's window, whose size places the rectangles and which becomes the folder
+/// picker's parent; null does nothing
+/// @param event where the pointer was; pass none of another button
 /// @param pressed true for a press, false for a release
 QUINDLE_SDL_UI_EXPORT void HandleScreenshotSaveDialogMouseButton(ScreenshotSaveDialogState* state,
                                                                  SDL_Window* window,
@@ -172,18 +167,16 @@ QUINDLE_SDL_UI_EXPORT void HandleScreenshotSaveDialogMouseButton(ScreenshotSaveD
 
 /// Turns the typed texts into the result and ends the loop. An option text that is no number keeps
 /// the former number, an empty folder becomes the working directory, and the file name gets the
-/// format's extension. Nothing is refused, and no file is looked at. Does nothing when `state` is
-/// null.
+/// format's extension. Nothing is refused, and no file is looked at.
 /// @param state the dialog's state; null does nothing
 QUINDLE_SDL_UI_EXPORT void CommitScreenshotSaveDialogResult(ScreenshotSaveDialogState* state);
 
-/// Returns the dialog's font (16 points); null when it could not be opened.
+/// Takes the dialog's font (16 points) from the font cache.
 /// Lifetime: owned by the font cache; dangles after ShutdownSdlUiCachedFonts().
-/// @return the font, or null
+/// @return the font; null when it could not be opened
 QUINDLE_SDL_UI_EXPORT TTF_Font* EnsureScreenshotDialogFont();
 
-/// Draws one line of UTF-8 `text` with the dialog's font at (`x`, `y`), in window pixels. Does
-/// nothing when `renderer` is null, `text` is null or empty, or the font is unavailable.
+/// Draws one line of text with the dialog's font. Does nothing when that is unavailable.
 /// @param renderer null does nothing
 /// @param text UTF-8; null or empty does nothing
 /// @param x left edge of the text, in window pixels
@@ -192,33 +185,29 @@ QUINDLE_SDL_UI_EXPORT TTF_Font* EnsureScreenshotDialogFont();
 QUINDLE_SDL_UI_EXPORT void DrawScreenshotDialogText(SDL_Renderer* renderer, const char* text, int x,
                                                     int y, SDL_Color color);
 
-/// Draws one frame without presenting it. Does nothing when the session has no renderer.
-/// @param session what is drawn, and where to
+/// Draws one frame without presenting it.
+/// @param session what is drawn, and where to; without a renderer nothing is
 /// @param layout the places
 QUINDLE_SDL_UI_EXPORT void RenderScreenshotSaveDialog(const ScreenshotSaveDialogSession& session,
                                                       const ScreenshotSaveDialogLayout& layout);
 
-/// Runs the folder picker over `parent` (may be null), starting in `folder`, and stores the chosen
-/// folder there; a cancelled picker leaves it unchanged. Throws std::filesystem::filesystem_error
-/// only when `folder` is empty and the working directory cannot be determined.
+/// Runs the folder picker. Throws std::filesystem::filesystem_error only when `folder` is empty and
+/// the working directory cannot be determined.
 /// @param parent the window to be modal for; may be null
-/// @param folder shown first; replaced by the chosen folder
+/// @param folder shown first; replaced by the chosen folder, unchanged when the picker is cancelled
 QUINDLE_SDL_UI_EXPORT void OpenFolderPicker(SDL_Window* parent, std::string& folder);
 
-/// Shows the dialog over `parent` (may be null) and blocks until the user saves or cancels.
-///
-/// `initial_folder` is the folder shown first (empty: the working directory), `initial_file_name`
-/// the file name shown first (empty: one made of the local time), whose extension is replaced by
-/// that of `format`. `jpeg_quality` and `png_compression` are clamped to their ranges. Returns a
-/// record with `accepted` false when the dialog was cancelled or no window could be made.
+/// Shows the dialog and blocks until the user saves or cancels. SDL's text input is off afterwards.
 /// @param parent the window to be modal for; may be null
 /// @param initial_folder shown first; empty means the working directory
-/// @param initial_file_name shown first; empty means one made of the local time
+/// @param initial_file_name shown first, with the extension of `format`; empty means one made of
+/// the local time
 /// @param format selected first
 /// @param jpeg_quality shown first, clamped to 1 .. 100
 /// @param png_compression shown first, clamped to 0 .. 9
 /// @param bmp_rle whether the check box is ticked first
-/// @return the committed choice, or a record with `accepted` false
+/// @return the committed choice; a record with `accepted` false when the dialog was cancelled or no
+/// window could be made
 QUINDLE_SDL_UI_EXPORT ScreenshotSaveDialogResult ShowScreenshotSaveDialog(
     SDL_Window* parent, const std::string& initial_folder, const std::string& initial_file_name,
     ScreenshotSaveFormat format, int jpeg_quality, int png_compression, bool bmp_rle);

@@ -30,7 +30,7 @@ class QUINDLE_SDL_UI_EXPORT SdlMessageBox {
 
   /// One button of the row.
   struct Button {
-    int id = 0;              ///< What Show returns when this button is chosen.
+    int id = 0;  ///< What Show returns when this button is chosen; -1 would read as "closed".
     std::string label{};     ///< Caption, UTF-8.
     bool isDefault = false;  ///< Carried for the host; neither drawn nor bound to a key.
     bool isCancel = false;   ///< Chosen by Escape; the first such button counts.
@@ -45,9 +45,11 @@ class QUINDLE_SDL_UI_EXPORT SdlMessageBox {
     std::string message;          ///< UTF-8, wrapped at blanks; line feeds start new lines.
     Type type = Type::Info;       ///< Decides the badge.
     std::vector<Button> buttons;  ///< Left to right; empty: one button "OK" with id 1.
-    int width = 420;              ///< Client width in pixels, at least 320.
-    int height = 160;             ///< Least client height in pixels, at least 140; grows to fit.
-    bool escapeEnabled = true;    ///< Whether Escape is handled.
+    int width = 420;              ///< Client width in pixels; less than 320 becomes 320.
+    /// Least client height in pixels; less than 140 becomes 140, and the box is never lower than
+    /// 160. It grows to fit the message.
+    int height = 160;
+    bool escapeEnabled = true;  ///< Whether Escape is handled.
   };
 
   /// Takes the record over and replaces what is empty or too small, as said at its fields.
@@ -55,13 +57,11 @@ class QUINDLE_SDL_UI_EXPORT SdlMessageBox {
   explicit SdlMessageBox(Config config);
 
   /// Shows the box and blocks, on the thread that owns SDL video, until a button is chosen or the
-  /// box is closed. `parent` may be null. `scale` is accepted and not applied.
-  ///
-  /// Returns the chosen button's id; -1 when the box was closed without a choice, or when no
-  /// window, renderer or font could be had (nothing is shown then).
+  /// box is closed.
   /// @param parent the window to be modal for; may be null
   /// @param scale accepted and not applied
-  /// @return the chosen button's id, or -1
+  /// @return the chosen button's id; -1 when the box was closed without a choice, or when no
+  /// window, renderer or font could be had (nothing is shown then)
   int Show(SDL_Window* parent, float scale);
 
  private:
@@ -74,8 +74,8 @@ struct MessageBoxTypeVisual {
   const char* glyph;  ///< UTF-8, one character. Lifetime: static.
 };
 
-/// Returns the visual of `type`; that of Info for a value that names no type.
-/// @param type the type
+/// Tells how a message type looks.
+/// @param type a value that names no type counts as Info
 /// @return its colour and glyph
 QUINDLE_SDL_UI_EXPORT MessageBoxTypeVisual VisualForMessageBoxType(SdlMessageBox::Type type);
 
@@ -119,16 +119,14 @@ struct SdlMessageBoxLayout {
   int bodyH = 0;                   ///< Room for the message, at least 40.
   int lineH = 0;                   ///< From one line of the message to the next, at least 14.
   int contentHeight = 0;           ///< Window height at which title and message fit.
-  int minHeight = 0;               ///< Least window height.
-  int targetHeight = 0;            ///< Window height that the box asks for.
+  int minHeight = 0;               ///< Config::height, at least 160; grows with a scale above 1.
+  int targetHeight = 0;            ///< Window height that the box asks for: the greater of the two.
   std::vector<std::string> lines;  ///< The message as wrapped.
 };
 
-/// Computes the geometry for a client size of `width` x `height` pixels. `scale` multiplies the
-/// metrics (the box itself runs at 1.0). `titleFont` must not be null; without `bodyFont` there are
-/// no lines.
+/// Computes the geometry of a box.
 /// @param config gives title, message, number of buttons and least height
-/// @param scale multiplies the measures
+/// @param scale multiplies the measures; the box itself runs at 1.0
 /// @param width client width in pixels
 /// @param height client height in pixels
 /// @param titleFont measures the title; must not be null
@@ -138,23 +136,20 @@ QUINDLE_SDL_UI_EXPORT SdlMessageBoxLayout
 BuildSdlMessageBoxLayout(const SdlMessageBox::Config& config, float scale, int width, int height,
                          TTF_Font* titleFont, TTF_Font* bodyFont);
 
-/// Runs the box in a window that is there already; the window is shown after the first frame.
-/// Returns the chosen button's id, or -1 when the box was closed without a choice. The handles are
-/// borrowed; all four fonts must be open.
+/// Runs the box in a window that is there already, and shows it after the first frame.
 /// @param window the box's window; borrowed
 /// @param renderer its renderer; borrowed
 /// @param config what the box shows
 /// @param scale multiplies the measures
 /// @param visual colour and glyph of the badge
-/// @param fonts all four open
-/// @return the chosen button's id, or -1
+/// @param fonts all four must be open
+/// @return the chosen button's id; -1 when the box was closed without a choice
 QUINDLE_SDL_UI_EXPORT int RunSdlMessageBoxLoop(SDL_Window* window, SDL_Renderer* renderer,
                                                const SdlMessageBox::Config& config, float scale,
                                                const MessageBoxTypeVisual& visual,
                                                const SdlMessageBoxFonts& fonts);
 
-/// Draws one frame without presenting it. (`mouseX`, `mouseY`) is the pointer in window pixels,
-/// (-1, -1) while it is elsewhere. The handles are borrowed; without a font its texts are missing.
+/// Draws one frame without presenting it. The fonts are borrowed.
 /// @param renderer the target; borrowed
 /// @param config what the box shows
 /// @param visual colour and glyph of the badge
@@ -171,7 +166,7 @@ QUINDLE_SDL_UI_EXPORT void RenderSdlMessageBoxFrame(
     TTF_Font* buttonFont, int mouseX, int mouseY);
 
 /// Draws one button with its caption centred, or 6 pixels from the left, cut at the right edge,
-/// when it is too wide for that. Without a font the caption is missing.
+/// when it is too wide for that.
 /// @param renderer the target; borrowed
 /// @param font font of the caption; null leaves it out
 /// @param rect the button, in window pixels

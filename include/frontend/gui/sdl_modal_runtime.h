@@ -84,8 +84,11 @@ enum class ModalRendererMode {
 /// with its periodic work while a dialog blocks its thread.
 ///
 /// The callback may throw (the exception leaves the dialog's Show function, which releases what it
-/// made), may call this function, and may open another dialog. The previous callback is destroyed
-/// before this returns. Callable from any thread; throws std::system_error when the lock fails.
+/// made), may call this function, and may open another dialog. Each call is made on a copy: what a
+/// `mutable` callback keeps inside itself is lost. The previous callback is destroyed before this
+/// returns, while the lock is held: what it owns must not call this function or
+/// PumpModalDialogHeartbeat in its destructor. Callable from any thread; throws std::system_error
+/// when the lock fails.
 /// @param heartbeat moved in; an empty function removes the callback
 QUINDLE_SDL_UI_EXPORT void SetModalDialogHeartbeat(std::function<void()> heartbeat);
 
@@ -102,13 +105,11 @@ QUINDLE_SDL_UI_EXPORT void PumpModalDialogHeartbeat();
 /// @param y offset in pixels of the window's top edge from the parent's
 /// @param width client width in pixels
 /// @param height client height in pixels
-/// @param windowFlags SDL_WindowFlags, passed on unchanged; dialogs pass SDL_WINDOW_HIDDEN and show
-/// the
-///   window after the first frame
+/// @param windowFlags SDL_WindowFlags, passed on unchanged; pass SDL_WINDOW_HIDDEN and show the
+/// window after its first frame, as the dialogs do
 /// @param mode which renderer to make
-/// @return the window with its renderer; an empty bundle when either could not be made, with
-/// nothing
-///   left open
+/// @return the window with its renderer; an empty bundle, with nothing left open, when either could
+/// not be made
 QUINDLE_SDL_UI_EXPORT ModalWindowBundle CreateModalWindowBundle(SDL_Window* parent,
                                                                 const char* title, int x, int y,
                                                                 int width, int height,

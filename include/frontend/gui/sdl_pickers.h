@@ -22,9 +22,8 @@ struct PickerEntry {
   bool is_directory = false;   ///< True for directories (links to them included) and for "..".
 };
 
-/// True when the ASCII-lower-cased extension of `p` (dot included) equals one of `extensions`,
-/// which are given in lower case with their dot. A name whose only dot comes first has no
-/// extension.
+/// Compares the extension of a path, its ASCII letters lowered. A name whose only dot comes first
+/// has none.
 /// @param p the path
 /// @param extensions in lower case, dots included
 /// @return whether one of them is the path's
@@ -43,34 +42,35 @@ QUINDLE_SDL_UI_EXPORT bool IsShaderPickerEntry(const std::filesystem::path& p);
 /// @return whether the font picker lists it
 QUINDLE_SDL_UI_EXPORT bool IsFontPickerEntry(const std::filesystem::path& p);
 
-/// Orders rows by their names as byte strings, ASCII letters lower-cased. Names that differ only in
-/// the case of ASCII letters are equivalent.
+/// Orders rows by their names as byte strings, ASCII letters lowered. Names that differ only in the
+/// case of ASCII letters are equivalent.
 /// @param a a row
 /// @param b another row
 /// @return whether `a` comes before `b`
 QUINDLE_SDL_UI_EXPORT bool PickerEntryNameLess(const PickerEntry& a, const PickerEntry& b);
 
-/// Lists `dir`: the row ".." (unless `dir` has no other parent), then its sub-directories, sorted.
-/// Errors end the listing early and are not reported; what was gathered is returned.
+/// Lists the folders of a directory. Errors end the listing early and are not reported.
 /// @param dir the directory
-/// @return its rows
+/// @return the row ".." (unless `dir` has no other parent), then its sub-directories, sorted; what
+/// was gathered when there was an error
 QUINDLE_SDL_UI_EXPORT std::vector<PickerEntry> ReadFolderPickerEntries(
     const std::filesystem::path& dir);
 
-/// Lists `dir`: the row "..", then its sub-directories, then the regular files that `accept` takes
-/// by their path (none when it is null), each group sorted. Errors as in ReadFolderPickerEntries.
+/// Lists folders and files of a directory. Errors as in ReadFolderPickerEntries.
 /// @param dir the directory
-/// @param accept takes or refuses a file by its path
-/// @return its rows
+/// @param accept takes or refuses a regular file by its path; null refuses all
+/// @return the rows of ReadFolderPickerEntries, then the accepted files, sorted
 QUINDLE_SDL_UI_EXPORT std::vector<PickerEntry> ReadFilteredPickerEntries(
     const std::filesystem::path& dir, bool (*accept)(const std::filesystem::path&));
 
 /// What the generic picker shows and how. Lifetime: the strings behind `title`, `accept_label` and
 /// `cancel_label` must outlive the run; null counts as empty text.
 struct SdlPickerDialogOptions {
-  const char* title = nullptr;      ///< Window title, UTF-8.
-  std::string hint;                 ///< First header line, UTF-8.
-  std::filesystem::path start_dir;  ///< Directory shown first; see RunSimplePickerDialog.
+  const char* title = nullptr;  ///< Window title, UTF-8.
+  std::string hint;             ///< First header line, UTF-8.
+  /// Directory shown first. One that does not exist becomes the working directory; a file, the
+  /// directory that it lies in.
+  std::filesystem::path start_dir;
   /// Lists a directory; null leaves the list empty.
   std::vector<PickerEntry> (*load_entries)(const std::filesystem::path&) = nullptr;
   /// Text of a row; null shows the bare name.
@@ -86,13 +86,11 @@ struct SdlPickerDialogOptions {
   std::uint32_t window_flags = SDL_WINDOW_HIDDEN;  ///< SDL_WindowFlags; keep SDL_WINDOW_HIDDEN.
 };
 
-/// Runs the generic picker over `parent` (may be null). A start directory that does not exist
-/// becomes the working directory; one that names a file, that file's directory. Returns the chosen
-/// file, or in folder mode the directory shown, in the form that the start directory had; empty
-/// when cancelled or when no window could be made.
+/// Runs the generic picker.
 /// @param parent the window to be modal for; may be null
 /// @param options what the picker shows
-/// @return the chosen path, as its bytes; empty when cancelled or when no window could be made
+/// @return the chosen file, or in folder mode the directory shown, as its bytes and in the form
+/// that the start directory had; empty when cancelled or when no window could be made
 QUINDLE_SDL_UI_EXPORT std::string RunSimplePickerDialog(SDL_Window* parent,
                                                         const SdlPickerDialogOptions& options);
 
@@ -103,30 +101,28 @@ struct SimpleScrollbarLayout {
   int max_scroll = 0;          ///< Greatest index of the first visible row, at least 0.
 };
 
-/// Computes the scroll bar at the right edge of `list`, for `totalRows` rows of which `visibleRows`
-/// fit, when `scroll` rows have gone off the top (clamped to 0 .. max_scroll).
+/// Computes the scroll bar at the right edge of a list.
 /// @param list the list box, in window pixels
 /// @param totalRows rows there are
 /// @param visibleRows rows that fit
-/// @param scroll rows that have gone off the top
+/// @param scroll rows that have gone off the top; limited to 0 .. max_scroll
 /// @return the scroll bar
 QUINDLE_SDL_UI_EXPORT SimpleScrollbarLayout BuildSimpleScrollbarLayout(const SDL_Rect& list,
                                                                        int totalRows,
                                                                        int visibleRows, int scroll);
-/// Draws a scroll bar. Does nothing when `renderer` is null.
+/// Draws a scroll bar.
 /// @param renderer the target; null does nothing
 /// @param layout the scroll bar
 QUINDLE_SDL_UI_EXPORT void DrawSimpleScrollbar(SDL_Renderer* renderer,
                                                const SimpleScrollbarLayout& layout);
-/// True when (`x`, `y`) lies in `r`; left and top edges inside, right and bottom edges outside.
+/// Tells whether a point lies in a rectangle; left and top edges inside, right and bottom outside.
 /// @param r the rectangle
-/// @param x the point
-/// @param y the point
-/// @return whether the point is inside
+/// @param x the point's column
+/// @param y the point's row
+/// @return true when it does
 QUINDLE_SDL_UI_EXPORT bool IsPointInRect(const SDL_Rect& r, int x, int y);
 
-/// Draws one line of UTF-8 `text` with the pickers' font (15 points) at (`x`, `y`), in window
-/// pixels. Does nothing when `renderer` is null, `text` is null or empty, or the font is
+/// Draws one line of text with the pickers' font (15 points). Does nothing when that is
 /// unavailable.
 /// @param renderer null does nothing
 /// @param text UTF-8; null or empty does nothing
@@ -136,26 +132,23 @@ QUINDLE_SDL_UI_EXPORT bool IsPointInRect(const SDL_Rect& r, int x, int y);
 QUINDLE_SDL_UI_EXPORT void DrawSimpleModalText(SDL_Renderer* renderer, const char* text, int x,
                                                int y, SDL_Color colour);
 
-/// Lets the user choose a floppy image (".ima", ".img"). `parent` may be null; an empty `startDir`
-/// means "floppies". Returns the file's path, relative when `startDir` is; empty when cancelled or
-/// when no window could be made.
+/// Lets the user choose a floppy image (".ima", ".img").
 /// @param parent the window to be modal for; may be null
-/// @param startDir shown first; empty means "floppies"
-/// @return the chosen path, as its bytes; empty when cancelled
+/// @param startDir shown first, as SdlPickerDialogOptions::start_dir; empty means "floppies"
+/// @return the chosen path, as its bytes, relative when `startDir` is; empty when cancelled or when
+/// no window could be made
 QUINDLE_SDL_UI_EXPORT std::string ShowSimpleFloppyFilePicker(SDL_Window* parent,
                                                              const std::string& startDir);
-/// Lets the user choose a shader or shader preset; an empty `startDir` means ".". Otherwise as
-/// ShowSimpleFloppyFilePicker.
+/// Lets the user choose a shader or shader preset (see IsShaderPickerEntry).
 /// @param parent the window to be modal for; may be null
 /// @param startDir shown first; empty means "."
-/// @return the chosen path, as its bytes; empty when cancelled
+/// @return as ShowSimpleFloppyFilePicker
 QUINDLE_SDL_UI_EXPORT std::string ShowSimpleShaderFilePicker(SDL_Window* parent,
                                                              const std::string& startDir);
-/// Lets the user choose a font (".ttf", ".otf"); an empty `startDir` means "data/ttf". Otherwise as
-/// ShowSimpleFloppyFilePicker.
+/// Lets the user choose a font (".ttf", ".otf").
 /// @param parent the window to be modal for; may be null
 /// @param startDir shown first; empty means "data/ttf"
-/// @return the chosen path, as its bytes; empty when cancelled
+/// @return as ShowSimpleFloppyFilePicker
 QUINDLE_SDL_UI_EXPORT std::string ShowSimpleTtfFilePicker(SDL_Window* parent,
                                                           const std::string& startDir);
 
@@ -168,13 +161,12 @@ struct FolderPickerOptions {
   std::string start_dir;  ///< Directory shown first; empty: the working directory.
 };
 
-/// Lets the user choose a folder: the one shown when the accept button is pressed. `parent` may be
-/// null. Returns its path; empty when cancelled or when no window could be made. Throws
-/// std::filesystem::filesystem_error only when `start_dir` is empty and the working directory
-/// cannot be determined.
+/// Lets the user choose a folder. Throws std::filesystem::filesystem_error only when `start_dir` is
+/// empty and the working directory cannot be determined.
 /// @param parent the window to be modal for; may be null
 /// @param options texts and start folder
-/// @return the folder shown when it was accepted, as its bytes; empty when cancelled
+/// @return the folder that was shown when the accept button was pressed, as its bytes; empty when
+/// cancelled or when no window could be made
 QUINDLE_SDL_UI_EXPORT std::string ShowSimpleFolderPicker(SDL_Window* parent,
                                                          const FolderPickerOptions& options);
 

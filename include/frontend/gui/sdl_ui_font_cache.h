@@ -56,9 +56,8 @@ QUINDLE_SDL_UI_EXPORT void ShutdownSdlUiCachedFonts();
 /// @param x left edge of the text, in window pixels
 /// @param y top edge of the text, in window pixels
 /// @param color the text's colour
-/// @param outRect may be null; receives the rectangle drawn to, and is written only when there was
-/// text
-///   to draw
+/// @param outRect receives the rectangle drawn to, and only when there was text to draw; may be
+/// null
 QUINDLE_SDL_UI_EXPORT void DrawSdlUiText(SDL_Renderer* renderer, TTF_Font* font,
                                          std::string_view text, int x, int y, SDL_Color color,
                                          SDL_Rect* outRect);

@@ -72,8 +72,10 @@ struct RightPanelContext {
   int panel_id = -1;                 ///< The selected page; negative for none.
   int mouse_x = -1;                  ///< Pointer in window pixels; -1 while it is elsewhere.
   int mouse_y = -1;                  ///< Pointer in window pixels; -1 while it is elsewhere.
-  bool clicked = false;              ///< The left button was pressed in the right area this frame.
-  bool mouse_down = false;           ///< The left button is held in the right area.
+  /// In this frame the left button was pressed in the right area (x from 225, y below 436). The
+  /// press decides whether a control acts, the pointer (`mouse_x`, `mouse_y`) decides which.
+  bool clicked = false;
+  bool mouse_down = false;  ///< The left button is held with the pointer in the right area.
   /// The working values, read only. Borrowed; without them no page is drawn.
   const SettingsDialogValues* values = nullptr;
 };
@@ -81,10 +83,10 @@ struct RightPanelContext {
 /// What a page reports in each frame; at most one change.
 struct RightPanelHitResult {
   bool changed = false;  ///< A control asks for the change that the next fields name.
-  std::string key;       ///< Configuration key of the change.
+  std::string key;       ///< Configuration key of the change; see ApplySettingsHit.
   std::string text;      ///< New value of a text or integer setting, and of "hdd_sounds_enabled".
   double number = 0.0;   ///< New value of a slider.
-  bool flag = false;     ///< New value of a checkbox.
+  bool flag = false;     ///< New value of a checkbox, but for "hdd_sounds_enabled".
   bool browse_font = false;  ///< The user asks for the font picker.
 };
 
@@ -178,10 +180,23 @@ QUINDLE_SDL_UI_EXPORT bool DrawSettingsDisplayPanel(const RightPanelContext& ctx
 QUINDLE_SDL_UI_EXPORT bool DrawSettingsRuntimePanel(const RightPanelContext& ctx,
                                                     RightPanelHitResult* hit);
 
-/// Makes a reported change. An unknown key changes nothing. Throws std::invalid_argument or
-/// std::out_of_range, and changes nothing, when the text for an integer setting holds no int;
-/// blanks before the number and text behind it are ignored.
-/// @param values what to change; may be null
+/// Makes a reported change. An unknown key changes nothing.
+///
+/// | Key | Changes | Taken from |
+/// |---|---|---|
+/// | "fps" | `target_fps` | `text`, an integer |
+/// | "font_mode" | `font_mode` | `text` |
+/// | "renderer_mode" | `renderer_mode` | `text` |
+/// | "mouse_capture_gain" | `mouse_capture_gain` | `number` |
+/// | "allow_mouse_capture_in_text_mode" | `allow_mouse_capture_in_text_mode` | `flag` |
+/// | "hdd_sounds_enabled" | `hdd_sounds_enabled` | `text`, "1" for true and all else for false |
+/// | "hdd_sounds_volume" | `hdd_sounds_volume` | `number` |
+/// | "screenshot_capture_size_mode" | `screenshot_capture_size_mode` | `text`, an integer |
+/// | "screenshot_capture_with_opengl_shaders" | the member of that name | `flag` |
+///
+/// Of an integer's text, blanks before the number and all behind it are ignored. Throws
+/// std::invalid_argument or std::out_of_range, and changes nothing, when it holds no int.
+/// @param values what to change; null does nothing
 /// @param hit what a page reported
 QUINDLE_SDL_UI_EXPORT void ApplySettingsHit(SettingsDialogValues* values,
                                             const RightPanelHitResult& hit);
@@ -189,7 +204,7 @@ QUINDLE_SDL_UI_EXPORT void ApplySettingsHit(SettingsDialogValues* values,
 /// Runs the font picker when a page asks for it, first in the folder of the present custom font. A
 /// chosen file becomes the custom font and "ttf-custom" the font mode; a cancelled picker changes
 /// nothing.
-/// @param values what to change; may be null
+/// @param values what to change; null does nothing
 /// @param dialog_window the window that the picker is modal for; may be null
 /// @param hit what a page reported
 QUINDLE_SDL_UI_EXPORT void HandleSettingsFontPickerHit(SettingsDialogValues* values,

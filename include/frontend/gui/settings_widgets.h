@@ -91,29 +91,29 @@ QUINDLE_SDL_UI_EXPORT bool DrawCheckbox(SDL_Renderer* renderer, TTF_Font* font, 
                                         bool checked, const std::string& label, int mouse_x,
                                         int mouse_y);
 
-/// Draws a slider for a fraction. It is pressed while the button is held with the mouse over the
-/// track or at most 8 pixels beside it.
+/// Draws a slider for a fraction. It is pressed while the button is held with the mouse in the band
+/// of 20 pixels from `y` - 2 downwards that reaches 8 pixels beyond the track at either end.
 /// @param renderer the target; borrowed
 /// @param font borrowed; may be null
 /// @param x left end of the track
-/// @param y top of the slider; the track runs 8 pixels below
+/// @param y top of the slider; the middle of the track, 6 pixels high, lies 8 pixels below
 /// @param width length of the track
 /// @param value the label shows it as a whole percentage, the bar limited to 0 .. 1
 /// @param mouse_x the pointer's column
 /// @param mouse_y the pointer's row
 /// @param mouse_down whether the left button is held
-/// @param out_value receives the fraction under the mouse, 0 .. 1 and unrounded, when the slider is
-///                  pressed; may be null
+/// @param out_value receives the fraction under the mouse, 0 .. 1 and unrounded, while the slider
+/// is pressed, and is left alone otherwise; beside the track the nearer end counts; may be null
 /// @return whether the slider is pressed
 QUINDLE_SDL_UI_EXPORT bool DrawSlider(SDL_Renderer* renderer, TTF_Font* font, int x, int y,
                                       int width, double value, int mouse_x, int mouse_y,
                                       bool mouse_down, double* out_value);
 
-/// Draws a slider for a value of a range. It is pressed as that of DrawSlider is.
+/// Draws a slider for a value of a range. It is pressed where that of DrawSlider is.
 /// @param renderer the target; borrowed
 /// @param font borrowed; may be null
 /// @param x left end of the track
-/// @param y top of the slider; the track runs 8 pixels below
+/// @param y top of the slider, as for DrawSlider
 /// @param width length of the track
 /// @param value bar and label show it limited to the range, the label with two decimals
 /// @param min_value one end of the range
@@ -121,8 +121,8 @@ QUINDLE_SDL_UI_EXPORT bool DrawSlider(SDL_Renderer* renderer, TTF_Font* font, in
 /// @param mouse_x the pointer's column
 /// @param mouse_y the pointer's row
 /// @param mouse_down whether the left button is held
-/// @param out_value receives the value under the mouse, within the range and unrounded, when the
-///                  slider is pressed; may be null
+/// @param out_value receives the value under the mouse, unrounded, while the slider is pressed, and
+/// is left alone otherwise; within the range, which counts as at least 0.0001 long; may be null
 /// @param suffix UTF-8, put behind the number in the label; may be null
 /// @return whether the slider is pressed
 QUINDLE_SDL_UI_EXPORT bool DrawRangeSlider(SDL_Renderer* renderer, TTF_Font* font, int x, int y,

@@ -38,46 +38,42 @@ struct ShaderDialogResult {
   std::vector<ShaderParameterValue> values;  ///< One per declaration, in declaration order.
 };
 
-/// Returns the file in which the declarations stand: the first pass's source for a preset (a path
-/// whose extension is ".glslp" in any case), otherwise `path` unchanged. Empty for a preset without
-/// a usable first pass. Whether the file exists is not checked.
-/// @param path a shader or a preset
-/// @return the file that holds the declarations
+/// Finds the file in which the declarations stand. Whether it exists is not checked.
+/// @param path a shader, or a preset, which is a path whose extension is ".glslp" in any case
+/// @return the source of a preset's first pass, empty when it has no usable one; otherwise `path`
 QUINDLE_SDL_UI_EXPORT std::string ResolveShaderGlslPath(const std::string& path);
 
-/// Reads the declarations of the shader `path`, or of a preset's first pass, in file order.
+/// Reads the declarations of a shader.
 ///
 /// Malformed lines are skipped; swapped bounds are put in order, a step that is not greater than 0
-/// becomes 0, and duplicates are kept. Empty when the file cannot be read or declares nothing.
-/// Throws nothing but std::bad_alloc.
-/// @param path a shader or a preset
-/// @return the declarations
+/// becomes 0, and duplicates are kept. Throws nothing but std::bad_alloc.
+/// @param path a shader, or a preset, whose first pass is read
+/// @return the declarations in file order; empty when the file cannot be read or declares nothing
 QUINDLE_SDL_UI_EXPORT std::vector<ShaderParameterSpec> ParseShaderParameterSpecs(
     const std::string& path);
 
-/// Reads the values that the preset `preset_path` stores, in file order, duplicates included.
+/// Reads the values that a preset stores.
 ///
 /// Only the names of its first "parameters" list count; values that are no number or out of a
-/// float's range are skipped; nothing is clamped. Empty when the path's extension is not ".glslp"
-/// (in any case), the file cannot be read or it has no list. Throws nothing but std::bad_alloc.
-/// @param preset_path a preset
-/// @return the values that it stores
+/// float's range are skipped; nothing is clamped. Throws nothing but std::bad_alloc.
+/// @param preset_path a path whose extension is ".glslp" in any case; others store nothing
+/// @return the values in file order, duplicates included; empty when the file cannot be read or has
+/// no list
 QUINDLE_SDL_UI_EXPORT std::vector<ShaderParameterValue> ParseGlslpParameterOverrides(
     const std::string& preset_path);
 
-/// Clamps `v` to the bounds of `spec` and moves it to the nearest value of the grid that starts at
-/// `min_value`, halfway cases away from it; a bound wins over the grid. A NaN becomes `min_value`.
+/// Clamps a value to its bounds and moves it to the nearest value of the grid that starts at
+/// `min_value`, halfway cases away from it; a bound wins over the grid.
 /// @param spec bounds and step
-/// @param v any value
+/// @param v any value; a NaN counts as `min_value`
 /// @return the value clamped and snapped
 QUINDLE_SDL_UI_EXPORT float SnapToStep(const ShaderParameterSpec& spec, float v);
 
-/// Returns the values with which the dialog starts, not applied: for each of `specs`, in order, the
-/// first value of `current` with its name, or else its default, clamped and snapped. Values that
-/// belong to no declaration are dropped.
+/// Makes the values with which the dialog starts, not applied.
 /// @param specs the declarations
-/// @param current the values in force
-/// @return one value for each declaration
+/// @param current the values in force; those that belong to no declaration are dropped
+/// @return for each declaration, in order, the first of `current` with its name, or else its
+/// default, clamped and snapped
 QUINDLE_SDL_UI_EXPORT ShaderDialogResult
 InitializeShaderDialogResult(const std::vector<ShaderParameterSpec>& specs,
                              const std::vector<ShaderParameterValue>& current);
@@ -101,10 +97,10 @@ struct ShaderDialogGeometry {
   int button_height = 26;      ///< Height of the bottom buttons.
   int window_width = 900;      ///< Initial client width.
   int window_height = 280;     ///< Initial client height, 280 .. 500.
-  int content_height = 90;     ///< Client height at which nothing would need scrolling off.
+  int content_height = 90;     ///< `window_height` unclamped; all rows fit from 18 pixels more.
 };
 
-/// Computes the measures for `count` parameters. `scale` is accepted and not applied.
+/// Computes the measures.
 /// @param count number of parameters
 /// @param scale accepted and not applied
 /// @return the measures
@@ -140,8 +136,7 @@ struct ShaderDialogLayout {
   SDL_Rect scroll_thumb{0, 0, 0, 0};  ///< Its thumb; equal to `scroll_track` when all rows fit.
 };
 
-/// Computes the layout for a client size of `width` x `height` pixels from the session's number of
-/// declarations and its `scroll`.
+/// Computes the places for a window's size.
 /// @param session gives the number of declarations and the scroll
 /// @param width client width in pixels
 /// @param height client height in pixels
@@ -149,26 +144,24 @@ struct ShaderDialogLayout {
 QUINDLE_SDL_UI_EXPORT ShaderDialogLayout BuildShaderDialogLayout(const ShaderDialogSession& session,
                                                                  int width, int height);
 
-/// Returns the row at the window coordinate `y` when `scroll` pixels have gone off the top and
-/// there are `count` rows; -1 above the first and below the last.
+/// Finds the row at a height.
 /// @param geometry the measures
 /// @param y in window pixels
 /// @param scroll pixels that have gone off the top
 /// @param count number of rows
-/// @return the row, or -1
+/// @return the row; -1 above the first and below the last
 QUINDLE_SDL_UI_EXPORT int FindShaderDialogParamAtY(const ShaderDialogGeometry& geometry, int y,
                                                    int scroll, int count);
 
-/// Returns the value, clamped and snapped, for a slider pulled to the window coordinate `x`.
+/// Tells the value of a slider that is pulled to a place.
 /// @param spec the parameter
 /// @param geometry the measures
-/// @param x in window pixels
-/// @return the value
+/// @param x in window pixels; beside the track the bound at that end counts
+/// @return the value, clamped and snapped
 QUINDLE_SDL_UI_EXPORT float ShaderDialogValueFromMouse(const ShaderParameterSpec& spec,
                                                        const ShaderDialogGeometry& geometry, int x);
 
-/// Draws one line of UTF-8 text with its top-left corner at (`x`, `y`). Does nothing when
-/// `renderer` or `font` is null or `text` is empty.
+/// Draws one line of text.
 /// @param renderer null does nothing
 /// @param font null does nothing
 /// @param text UTF-8; empty does nothing
@@ -179,9 +172,8 @@ QUINDLE_SDL_UI_EXPORT void DrawShaderDialogText(SDL_Renderer* renderer, TTF_Font
                                                 const std::string& text, int x, int y,
                                                 SDL_Color color);
 
-/// Draws and presents one frame for a client size of `width` x `height` pixels; the first one also
-/// shows, raises and focuses the window. The session must be complete, as for the loop.
-/// @param session what is drawn, and where to
+/// Draws and presents one frame; the first one also shows, raises and focuses the window.
+/// @param session what is drawn, and where to; must be complete, as for the loop
 /// @param layout the places
 /// @param width client width in pixels
 /// @param height client height in pixels
@@ -189,28 +181,26 @@ QUINDLE_SDL_UI_EXPORT void RenderShaderDialog(ShaderDialogSession* session,
                                               const ShaderDialogLayout& layout, int width,
                                               int height);
 
-/// Runs the dialog in a window that is there already, until the user ends it. Returns at once when
-/// `session` or its window, renderer, a font, specs, geometry or result is null. Exceptions of
+/// Runs the dialog in a window that is there already, until the user ends it. Exceptions of
 /// `on_apply` and of the heartbeat pass through.
-/// @param session what the loop works on; an incomplete one does nothing
+/// @param session what the loop works on. Nothing happens when it is null, when its window,
+/// renderer, a font, specs, geometry or result is, and when the result has fewer values than there
+/// are specs.
 /// @param on_apply called for every Apply; may be empty
 QUINDLE_SDL_UI_EXPORT void RunShaderParameterDialog(ShaderDialogSession* session,
                                                     const ShaderApplyCallback& on_apply);
 
-/// Lets the user tune the parameters of the shader or preset `shader_path`; blocks until the dialog
-/// ends. `parent` may be null. `scale` is accepted and not applied. `current` holds the values in
-/// force (see InitializeShaderDialogResult).
-///
-/// Apply and Return hand the values to `on_apply` and leave the dialog open. Returns the values
-/// last shown; `applied` is true when the user applied and then closed the window, false after
-/// Cancel or Escape. Without declarations, and without a font, a message is shown instead of the
-/// dialog; without a window nothing is shown. The starting values are returned then, not applied.
+/// Lets the user tune the parameters of a shader; blocks until the dialog ends. Apply and Return
+/// hand the values to `on_apply` and leave the dialog open. Without declarations, and without a
+/// font, a message is shown instead of the dialog; without a window nothing is shown.
 /// @param parent the window to be modal for; may be null
 /// @param shader_path a shader or a preset
 /// @param scale accepted and not applied
 /// @param on_apply called for every Apply; may be empty
-/// @param current the values in force
-/// @return the values last shown, and whether they were applied
+/// @param current the values in force, as for InitializeShaderDialogResult
+/// @return the values last shown; `applied` is true when the user applied and then closed the
+/// window, false after Cancel or Escape. The starting values, not applied, when there was no
+/// dialog.
 QUINDLE_SDL_UI_EXPORT ShaderDialogResult ShowShaderParameterDialog(
     SDL_Window* parent, const std::string& shader_path, float scale, ShaderApplyCallback on_apply,
     const std::vector<ShaderParameterValue>& current);
