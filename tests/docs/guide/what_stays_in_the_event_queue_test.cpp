@@ -35,6 +35,16 @@ TEST_F(GuideQueue, TheHostNeverSeesTheReleaseOfAKeyThatWasHeld) {
   EXPECT_FALSE(SDL_HasEvent(SDL_KEYUP));
 }
 
+TEST_F(GuideQueue, TheHostsOwnEventsStandInItAgain) {
+  ShowFormWhileUser([] {
+    SDL_Event event{};
+    event.type = SDL_USEREVENT;
+    SDL_PushEvent(&event);
+    KeyDown(SDLK_ESCAPE);
+  });
+  EXPECT_TRUE(SDL_HasEvent(SDL_USEREVENT));
+}
+
 TEST_F(GuideQueue, TextInputIsOffAfterwardsWhoeverHadSwitchedItOn) {
   SDL_StartTextInput();
   ShowFormWhileUser([] { KeyDown(SDLK_ESCAPE); });
