@@ -30,8 +30,7 @@ class GuideSettings : public DialogTest {
     for (std::function<void()>& act : acts) {
       script.Step(std::move(act));
     }
-    gui::SettingsDialogValues values = current;
-    EditSettings(MakeParent(), values);
+    EditSettings(MakeParent(), current);
     EXPECT_TRUE(script.IsFinished());
   }
 };
