@@ -83,6 +83,24 @@ TEST_F(CallRecorderTest, CountedFramesKeepNothing) {
   EXPECT_GT(Recorder().CallCount("SDL_RenderFillRect"), 0);
 }
 
+TEST_F(CallRecorderTest, ApproximateMeasuresAgree) {
+  Recorder().SetMeasureMode(MeasureMode::Approximate);
+  const frontend::gui::OwnedTtfFont font =
+      frontend::gui::OpenSdlUiFontHandle(20, false, frontend::gui::SdlUiFontKind::Ui);
+  const char* const text = "n\u00e4mlich";  // Seven characters of 11 pixels.
+  int width = 0;
+  ASSERT_EQ(TTF_SizeUTF8(font.get(), text, &width, nullptr), 0);
+  EXPECT_EQ(width, 77);
+  int extent = 0;
+  int count = 0;
+  for (const auto& [room, fitting] : {std::pair{77, 7}, {76, 6}, {22, 2}, {21, 1}, {10, 0}}) {
+    ASSERT_EQ(TTF_MeasureUTF8(font.get(), text, room, &extent, &count), 0);
+    EXPECT_EQ(count, fitting);
+    EXPECT_EQ(extent, fitting * 11);
+  }
+  EXPECT_EQ(TTF_MeasureUTF8(font.get(), text, 1000, nullptr, nullptr), 0);
+}
+
 TEST_F(CallRecorderTest, FailsTheNthCall) {
   Recorder().FailCall("SDL_CreateRenderer", 2);
   Recorder().FailCall("SDL_CreateRenderer", 1);

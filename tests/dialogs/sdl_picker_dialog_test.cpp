@@ -436,8 +436,8 @@ TEST_F(PickerMeasuring, ShortTextsAreDrawnUnmeasured) {
 }
 
 TEST_F(PickerMeasuring, TextsOfAboutTheRowsWidthAreMeasuredOnce) {
-  const PickerEntry name_of_half_the_row = File("/" + std::string(35, 'm'));
-  EXPECT_EQ(MeasurementsInAFrame(std::vector<PickerEntry>(1000, name_of_half_the_row)),
+  const PickerEntry name_of_most_of_the_row = File("/" + std::string(45, 'm'));
+  EXPECT_EQ(MeasurementsInAFrame(std::vector<PickerEntry>(1000, name_of_most_of_the_row)),
             kVisibleRows);
 }
 

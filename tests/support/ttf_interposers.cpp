@@ -38,9 +38,12 @@ int CountCharacters(std::string_view text) {
   }));
 }
 
+int ApproximateWidth(const TTF_Font* font, int characters) {
+  return characters * FindFont(font)->use.size * 55 / 100;
+}
+
 SDL_Point ApproximateSize(const TTF_Font* font, std::string_view text) {
-  const int size = FindFont(font)->use.size;
-  return {CountCharacters(text) * size * 55 / 100, size * 13 / 10};
+  return {ApproximateWidth(font, CountCharacters(text)), FindFont(font)->use.size * 13 / 10};
 }
 
 bool IsHidden(const std::string& path) {
@@ -188,8 +191,22 @@ int TTF_MeasureUTF8(TTF_Font* font, const char* text, int measure_width, int* ex
   if (EnterCall(slot, font)) {
     return -1;
   }
-  const InsideTtf inside;
-  return real(font, text, measure_width, extent, count);
+  if (!MeasuresApproximately(font)) {
+    const InsideTtf inside;
+    return real(font, text, measure_width, extent, count);
+  }
+  const int characters = CountCharacters(text);
+  int fitting = 0;
+  while (fitting < characters && ApproximateWidth(font, fitting + 1) <= measure_width) {
+    ++fitting;
+  }
+  if (extent != nullptr) {
+    *extent = ApproximateWidth(font, fitting);
+  }
+  if (count != nullptr) {
+    *count = fitting;
+  }
+  return 0;
 }
 
 QUINDLE_WRAP_SLOT(TTF_RenderUTF8_Blended, true)

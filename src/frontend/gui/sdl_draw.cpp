@@ -1,5 +1,7 @@
 #include "frontend/gui/sdl_draw.h"
 
+#include <algorithm>
+
 namespace quindle::frontend::gui {
 namespace {
 
@@ -20,6 +22,9 @@ void FillRect(SDL_Renderer* renderer, const SDL_Rect& rect, SDL_Color color) {
 }
 
 void OutlineRect(SDL_Renderer* renderer, const SDL_Rect& rect, SDL_Color color) {
+  if (SDL_RectEmpty(&rect) == SDL_TRUE) {
+    return;  // SDL would draw its corners.
+  }
   UseColor(renderer, color);
   SDL_RenderDrawRect(renderer, &rect);
 }
@@ -61,7 +66,7 @@ int FontHeightOrFallback(TTF_Font* font, int fallback) {
 
 ScopedClip::ScopedClip(SDL_Renderer* renderer, const SDL_Rect& area)
     : renderer_(renderer), had_clip_(SDL_RenderIsClipEnabled(renderer) == SDL_TRUE) {
-  SDL_Rect clip = area;
+  SDL_Rect clip{area.x, area.y, std::max(area.w, 0), std::max(area.h, 0)};
   if (had_clip_) {
     SDL_RenderGetClipRect(renderer_, &former_);
     if (SDL_IntersectRect(&former_, &area, &clip) == SDL_FALSE) {

@@ -13,7 +13,7 @@ namespace quindle::frontend::gui {
 // Fills the whole target with one colour.
 void ClearFrame(SDL_Renderer* renderer, SDL_Color color);
 void FillRect(SDL_Renderer* renderer, const SDL_Rect& rect, SDL_Color color);
-// One pixel wide, inside the rectangle's edges.
+// One pixel wide, inside the rectangle's edges; nothing for an empty rectangle.
 void OutlineRect(SDL_Renderer* renderer, const SDL_Rect& rect, SDL_Color color);
 void FillAndOutlineRect(SDL_Renderer* renderer, const SDL_Rect& rect, SDL_Color fill,
                         SDL_Color outline);

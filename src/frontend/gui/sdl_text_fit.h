@@ -19,7 +19,11 @@ std::string FitTextLeft(TTF_Font* font, std::string_view text, int max_width);
 std::string FitTextRight(TTF_Font* font, std::string_view text, int max_width);
 
 // Draws `text` at (x, y). When it is wider than from x to `right` (exclusive) it is clipped to
-// [x, right) and moved left so that its end shows.
+// [x, right).
+void DrawTextStartVisible(SDL_Renderer* renderer, TTF_Font* font, std::string_view text, int x,
+                          int y, int right, SDL_Color color);
+
+// As DrawTextStartVisible, but a text that is wider is moved left so that its end shows.
 void DrawTextEndVisible(SDL_Renderer* renderer, TTF_Font* font, std::string_view text, int x, int y,
                         int right, SDL_Color color);
 
