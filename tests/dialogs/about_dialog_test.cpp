@@ -5,8 +5,10 @@
 #include <gmock/gmock.h>
 
 #include <cctype>
+#include <sstream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "frontend/gui/build_info.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
@@ -116,6 +118,94 @@ TEST_F(AboutDialogTest, LinksAreNeverLowerThanTheirMinimum) {
   EXPECT_EQ(metrics.linkRowH, 67);
 }
 
+// The fonts of a dialog, no two of one size. With approximate measuring they are 52, 26, 31, 35, 44
+// and 19 pixels high.
+AboutDialogFonts UnlikeFonts() {
+  const auto open = [](int size) { return OpenSdlUiFontHandle(size, false, SdlUiFontKind::Ui); };
+  return {open(40), open(20), open(24), open(27), open(34), open(15)};
+}
+
+TEST_F(AboutDialogTest, MeasuresFollowScaleAndFonts) {
+  Recorder().SetMeasureMode(MeasureMode::Approximate);
+  const AboutDialogMetrics metrics = BuildAboutDialogMetrics(UnlikeFonts(), 2.0F);
+  EXPECT_EQ(metrics.pad, 24);
+  EXPECT_EQ(metrics.sideMargin, 40);
+  EXPECT_EQ(metrics.nameTop, 36);
+  EXPECT_EQ(metrics.nameH, 52);
+  EXPECT_EQ(metrics.lineGap, 20);
+  EXPECT_EQ(metrics.textH, 26);
+  EXPECT_EQ(metrics.smallGap, 10);
+  EXPECT_EQ(metrics.headerGap, 22);
+  EXPECT_EQ(metrics.sectionGap, 28);
+  EXPECT_EQ(metrics.linkGap, 20);
+  EXPECT_EQ(metrics.infoGap, 28);
+  EXPECT_EQ(metrics.infoPadX, 28);
+  EXPECT_EQ(metrics.infoPadY, 24);
+  EXPECT_EQ(metrics.infoTitleGap, 20);
+  EXPECT_EQ(metrics.infoRowGap, 18);
+  EXPECT_EQ(metrics.smallBoldH, 31);
+  EXPECT_EQ(metrics.rowH, 35);
+  EXPECT_EQ(metrics.boldH, 44);
+  EXPECT_EQ(metrics.footerTextH, 19);
+  EXPECT_EQ(metrics.linkRowH, 31 + 2 * 36 + 44);
+  EXPECT_EQ(metrics.infoPanelH, 31 + 2 * 24 + 20 + 3 * 35 + 2 * 18);
+  EXPECT_EQ(metrics.footerH, 19 + 48);
+  EXPECT_FLOAT_EQ(metrics.scale, 2.0F);
+}
+
+TEST_F(AboutDialogTest, MissingFontsFollowTheScale) {
+  const AboutDialogMetrics metrics = BuildAboutDialogMetrics(AboutDialogFonts{}, 2.0F);
+  EXPECT_EQ(metrics.nameH, 56);
+  EXPECT_EQ(metrics.textH, 36);
+  EXPECT_EQ(metrics.smallBoldH, 34);
+  EXPECT_EQ(metrics.rowH, 36);
+  EXPECT_EQ(metrics.boldH, 36);
+  EXPECT_EQ(metrics.footerTextH, 32);
+}
+
+TEST_F(AboutDialogTest, FontSizesFollowTheScale) {
+  const AboutDialogFonts fonts = OpenAboutDialogFonts(2.0F);
+  std::vector<int> sizes;
+  for (const FontRequest& request : Recorder().font_requests()) {
+    sizes.push_back(request.size);
+  }
+  EXPECT_THAT(sizes, ElementsAre(40, 28, 26, 28, 28, 26));
+}
+
+// No two measures alike, so that none can stand for another.
+AboutDialogMetrics UnlikeMetrics() {
+  AboutDialogMetrics metrics;
+  metrics.pad = 7;
+  metrics.sideMargin = 31;
+  metrics.nameTop = 13;
+  metrics.nameH = 41;
+  metrics.lineGap = 3;
+  metrics.textH = 17;
+  metrics.smallGap = 5;
+  metrics.headerGap = 19;
+  metrics.sectionGap = 23;
+  metrics.linkGap = 29;
+  metrics.infoGap = 37;
+  metrics.infoPadX = 11;
+  metrics.infoPadY = 43;
+  metrics.infoTitleGap = 47;
+  metrics.infoRowGap = 53;
+  metrics.smallBoldH = 59;
+  metrics.rowH = 61;
+  metrics.boldH = 67;
+  metrics.footerTextH = 9;
+  metrics.linkRowH = 101;
+  metrics.infoPanelH = 400;
+  metrics.footerH = 79;
+  metrics.scale = 1.5F;
+  return metrics;
+}
+
+TEST_F(AboutDialogTest, WindowHeightAddsTheMeasuresUp) {
+  EXPECT_EQ(AboutDialogWindowHeight(UnlikeMetrics()),
+            2 * 7 + 24 + 13 + 41 + 3 + 17 + 5 + 17 + 19 + 23 + 2 * 101 + 29 + 37 + 400 + 79);
+}
+
 TEST_F(AboutDialogTest, OpensSixFontsInOrder) {
   const AboutDialogFonts fonts = OpenAboutDialogFonts(kScale);
   const std::string face = "./data/ttf/IBMPlexSans-SemiBold.ttf";
@@ -207,15 +297,25 @@ TEST_F(AboutDialogTest, ShowsTheWindowOnceAfterTheFirstPresentAndWaitsTwelveMill
   EXPECT_THAT(Recorder().delays(), ElementsAre(12, 12, 12, 12));
 }
 
-TEST_F(AboutDialogTest, HandsTheFocusBackBeforeItsWindowGoes) {
+// What a closing dialog does: its fonts, the parent's focus, its window.
+std::vector<std::string> ClosingCalls() {
+  std::vector<std::string> calls(6, "TTF_CloseFont");
+  calls.insert(calls.end(), {"SDL_RaiseWindow", "SDL_SetWindowInputFocus", "SDL_DestroyRenderer",
+                             "SDL_DestroyWindow"});
+  return calls;
+}
+
+std::vector<std::string> RecordedClosingCalls() {
+  return Recorder().CallsAmong({"TTF_CloseFont", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
+                                "SDL_DestroyRenderer", "SDL_DestroyWindow"});
+}
+
+TEST_F(AboutDialogTest, ClosesItsFontsThenHandsTheFocusBackThenItsWindowGoes) {
   SDL_Window* const parent = MakeParent();
-  RunWith(parent, [] {});
+  RunWith(parent, [] { Recorder().ForgetCalls(); });
+  EXPECT_EQ(RecordedClosingCalls(), ClosingCalls());
   EXPECT_THAT(Recorder().CallsAmong({"SDL_RaiseWindow", "SDL_SetWindowInputFocus"}, parent),
               ElementsAre("SDL_RaiseWindow", "SDL_SetWindowInputFocus"));
-  const auto tail = Recorder().CallsAmong(
-      {"SDL_SetWindowInputFocus", "SDL_DestroyRenderer", "SDL_DestroyWindow"});
-  EXPECT_THAT(tail, ElementsAre("SDL_SetWindowInputFocus", "SDL_SetWindowInputFocus",
-                                "SDL_DestroyRenderer", "SDL_DestroyWindow"));
 }
 
 TEST_F(AboutDialogTest, ReturnsAtOnceWithoutAWindow) {
@@ -232,7 +332,8 @@ TEST_F(AboutDialogTest, ReturnsAtOnceWithoutARenderer) {
   ShowSimpleAboutDialog(MakeParent(), 1.0F);
   EXPECT_EQ(Recorder().CallCount("SDL_CreateRenderer"), 2);
   EXPECT_EQ(Recorder().presents(), 0);
-  EXPECT_EQ(Recorder().alive().fonts, 0U);
+  EXPECT_EQ(Recorder().alive(), AliveCounts{});
+  EXPECT_EQ(Recorder().CallCount("SDL_RaiseWindow"), 0);
 }
 
 // --- Drawing -------------------------------------------------------------------------------------
@@ -320,24 +421,196 @@ TEST_F(AboutDialogTest, NoTextLeavesItsPanel) {
   }
 }
 
-TEST_F(AboutDialogTest, LongValuesAreCutInsideTheirColumns) {
-  const AboutDialogFonts fonts = OpenAboutDialogFonts(kScale);
-  const AboutDialogMetrics metrics = BuildAboutDialogMetrics(fonts, kScale);
-  const ModalWindowBundle bundle = CreateModalWindowBundle(
-      nullptr, "Test", 0, 0, 860, 607, SDL_WINDOW_HIDDEN, ModalRendererMode::Software);
+// Draws single frames, without the dialog's loop.
+class AboutFrameTest : public AboutDialogTest {
+ protected:
+  void SetUp() override {
+    AboutDialogTest::SetUp();
+    bundle_ = CreateModalWindowBundle(nullptr, "Test", 0, 0, 1003, 907, SDL_WINDOW_HIDDEN,
+                                      ModalRendererMode::Software);
+  }
+  void TearDown() override {
+    bundle_ = {};
+    AboutDialogTest::TearDown();
+  }
+
+  // The frame of the dialog at its own size and scale.
+  const Frame& DrawOwn(const AboutDialogInfoRows& rows) {
+    const AboutDialogFonts fonts = OpenAboutDialogFonts(kScale);
+    const AboutDialogMetrics metrics = BuildAboutDialogMetrics(fonts, kScale);
+    return Draw(fonts, metrics, rows, {860, AboutDialogWindowHeight(metrics)}, {-1, -1}, nullptr);
+  }
+
+  const Frame& Draw(const AboutDialogFonts& fonts, const AboutDialogMetrics& metrics,
+                    const AboutDialogInfoRows& rows, SDL_Point size, SDL_Point pointer,
+                    AboutDialogLinks* links) {
+    Recorder().ForgetDraws();
+    RenderAboutDialogFrame(bundle_.renderer.get(), fonts, metrics, rows, size.x, size.y, pointer.x,
+                           pointer.y, links);
+    return Recorder().unpresented();
+  }
+
+ private:
+  ModalWindowBundle bundle_;
+};
+
+TEST_F(AboutFrameTest, LongValuesAreDrawnWholeAndEndWhereTheirRoomDoes) {
   AboutDialogInfoRows rows = BuildAboutDialogInfoRows();
-  rows.compiler = std::string(200, 'W');
-  rows.flags = std::string(200, 'W');
-  RenderAboutDialogFrame(bundle.renderer.get(), fonts, metrics, rows, 860, 607, -1, -1, nullptr);
-  int cut = 0;
-  for (const DrawCall& text : Recorder().unpresented().OfKind(DrawKind::Text)) {
-    if (text.text.find("WWW") != std::string::npos) {
-      ++cut;
-      EXPECT_TRUE(text.text.ends_with("...")) << text.text;
-      EXPECT_LE(text.rect.x + text.rect.w, text.rect.x < 444 ? 444 : 821);
+  rows.compiler = std::string(200, 'C');
+  rows.flags = std::string(200, 'F');
+  const Frame& frame = DrawOwn(rows);
+  const DrawCall* const left = frame.FindText(rows.compiler);
+  const DrawCall* const right = frame.FindText(rows.flags);
+  ASSERT_NE(left, nullptr);
+  ASSERT_NE(right, nullptr);
+  EXPECT_EQ((SDL_Point{left->rect.x, left->rect.y}), (SDL_Point{159, 449}));
+  EXPECT_EQ((SDL_Point{right->rect.x, right->rect.y}), (SDL_Point{530, 483}));
+  // The gap between the columns stays free; on the right the frame, whose last column is 845.
+  EXPECT_EQ(left->clip, (SDL_Rect{159, 449, 415 - 159, left->rect.h}));
+  EXPECT_EQ(right->clip, (SDL_Rect{530, 483, 845 - 530, right->rect.h}));
+}
+
+TEST_F(AboutFrameTest, NothingElseIsClipped) {
+  AboutDialogInfoRows rows = BuildAboutDialogInfoRows();
+  rows.arch = std::string(200, 'A');
+  for (const DrawCall& call : DrawOwn(rows).draws) {
+    EXPECT_EQ(call.clip.has_value(), call.text == rows.arch) << call.text;
+  }
+}
+
+// With each face that the library may find, the widest values of a usual build show to their end.
+TEST_F(AboutFrameTest, FlagsShowToTheirEndWithEveryFont) {
+  AboutDialogInfoRows rows = BuildAboutDialogInfoRows();
+  rows.flags = "LTO OFF  PGO OFF  O2 OFF  O3 ON";
+  for (const char* face : {"data/ttf/IBMPlexSans-SemiBold.ttf", "data/ttf/IBMPlexSans-Regular.ttf",
+                           "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf",
+                           "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf"}) {
+    Recorder().RedirectFont("./data/ttf/IBMPlexSans-SemiBold.ttf", face);
+    const Frame& frame = DrawOwn(rows);
+    for (const std::string& value :
+         {rows.version, rows.buildDate, rows.compiler, rows.platform, rows.arch, rows.flags}) {
+      const DrawCall* const text = frame.FindText(value);
+      ASSERT_NE(text, nullptr) << value << " in " << face;
+      EXPECT_EQ(text->clip, std::nullopt) << value << " in " << face;
+      EXPECT_LE(text->rect.x + text->rect.w, text->rect.x < 444 ? 415 : 845)
+          << value << ' ' << face;
     }
   }
-  EXPECT_EQ(cut, 2);
+}
+
+// A draw call as one line of text; a text with the size of its font.
+std::string Describe(const DrawCall& call) {
+  std::ostringstream out;
+  out << call.kind << ' ';
+  if (call.kind == DrawKind::Line) {
+    out << call.from.x << ',' << call.from.y << " to " << call.to.x << ',' << call.to.y;
+  } else if (call.kind == DrawKind::Text) {
+    out << call.text << " at " << call.rect.x << ',' << call.rect.y << " size " << call.font.size;
+  } else if (call.kind != DrawKind::Clear) {
+    out << call.rect.x << ',' << call.rect.y << ' ' << call.rect.w << 'x' << call.rect.h;
+  }
+  out << " in " << int{call.color.r} << ',' << int{call.color.g} << ',' << int{call.color.b} << ','
+      << int{call.color.a};
+  return out.str();
+}
+
+std::string At(const std::string& text, int x, int y, int size, const char* color) {
+  std::ostringstream out;
+  out << DrawKind::Text << ' ' << text << " at " << x << ',' << y << " size " << size << " in "
+      << color;
+  return out.str();
+}
+
+std::string Shape(DrawKind kind, const std::string& place, const char* color) {
+  std::ostringstream out;
+  out << kind << ' ' << place << " in " << color;
+  return out.str();
+}
+
+constexpr const char* kHigh = "232,237,244,255";
+constexpr const char* kMiddle = "170,178,192,255";
+constexpr const char* kDim = "100,108,122,255";
+constexpr const char* kLink = "106,166,255,255";
+constexpr const char* kBoxText = "20,23,30,255";
+constexpr const char* kBorderText = "52,58,70,255";
+
+TEST_F(AboutFrameTest, DrawsEverythingInOrderFromItsMeasures) {
+  Recorder().SetMeasureMode(MeasureMode::Approximate);
+  const AboutDialogInfoRows rows{"one", "two", "three", "four", "five", "six"};
+  AboutDialogLinks links;
+  const Frame& frame = Draw(UnlikeFonts(), UnlikeMetrics(), rows, {1003, 907}, {-1, -1}, &links);
+  std::vector<std::string> drawn;
+  for (const DrawCall& call : frame.draws) {
+    drawn.push_back(Describe(call));
+  }
+  // Content: 8, 8, 987 x 813. The label of a link is 31 high, its address 44: a block of 79 in 101.
+  const std::vector<std::string> expected{
+      Shape(DrawKind::Clear, "", "20,22,26,255"),
+      Shape(DrawKind::Clear, "", "18,21,27,255"),
+      Shape(DrawKind::Outline, "7,7 989x893", kBorderText),
+      Shape(DrawKind::Fill, "8,8 987x813", "24,27,34,255"),
+      Shape(DrawKind::Fill, "8,821 987x78", "22,25,32,255"),
+      Shape(DrawKind::Line, "8,821 to 994,821", kBorderText),
+      At("Quindle", 39, 21, 40, kHigh),
+      At(QUINDLE_EXPECTED_EMAIL, 39, 21 + 41 + 3, 20, kMiddle),
+      At(QUINDLE_EXPECTED_AUTHOR, 39, 65 + 17 + 5, 20, kMiddle),
+      Shape(DrawKind::Line, "39,123 to 964,123", kBorderText),
+      Shape(DrawKind::Fill, "39,146 925x101", kBoxText),
+      Shape(DrawKind::Outline, "39,146 925x101", kBorderText),
+      At(QUINDLE_EXPECTED_VIDEO_LABEL, 51, 146 + 11, 24, kDim),
+      At(QUINDLE_EXPECTED_VIDEO_URL, 51, 157 + 31 + 4, 34, kLink),
+      Shape(DrawKind::Fill, "39,276 925x101", kBoxText),
+      Shape(DrawKind::Outline, "39,276 925x101", kBorderText),
+      At("HOMEPAGE", 51, 276 + 11, 24, kDim),
+      At(QUINDLE_EXPECTED_HOMEPAGE, 51, 287 + 31 + 4, 34, kLink),
+      Shape(DrawKind::Fill, "39,414 925x400", kBoxText),
+      Shape(DrawKind::Outline, "39,414 925x400", kBorderText),
+      At("BUILD INFO", 50, 414 + 43, 24, kDim),
+      At("Version", 50, 457 + 59 + 47, 27, kDim),
+      At("one", 50 + 129, 563, 27, kHigh),
+      At("Build date", 519, 563, 27, kDim),
+      At("two", 519 + 108, 563, 27, kHigh),
+      At("Compiler", 50, 563 + 61 + 53, 27, kDim),
+      At("three", 179, 677, 27, kHigh),
+      At("Platform", 519, 677, 27, kDim),
+      At("four", 627, 677, 27, kHigh),
+      At("Arch", 50, 677 + 61 + 53, 27, kDim),
+      At("five", 179, 791, 27, kHigh),
+      At("Flags", 519, 791, 27, kDim),
+      At("six", 627, 791, 27, kHigh),
+      At("ESC to close", 7 + 31, 821 + (78 - 9) / 2, 15, kDim),
+  };
+  EXPECT_EQ(drawn, expected);
+  EXPECT_EQ(links.videoChannel, (SDL_Rect{39, 146, 925, 101}));
+  EXPECT_EQ(links.homepage, (SDL_Rect{39, 276, 925, 101}));
+  EXPECT_EQ(Recorder().CallCount("SDL_RenderPresent"), 0);
+}
+
+TEST_F(AboutFrameTest, TheLinkUnderThePointerIsHovered) {
+  const SDL_Rect video{39, 146, 925, 101};
+  const SDL_Rect homepage{39, 276, 925, 101};
+  const struct {
+    SDL_Point pointer;
+    std::vector<SDL_Rect> hovered;
+  } cases[] = {
+      {{39, 146}, {video}},     {{963, 246}, {video}}, {{38, 146}, {}}, {{964, 200}, {}},
+      {{39, 145}, {}},          {{39, 247}, {}},       {{39, 275}, {}}, {{39, 276}, {homepage}},
+      {{963, 376}, {homepage}}, {{964, 376}, {}},      {{39, 377}, {}}, {{-1, -1}, {}},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(Draw({}, UnlikeMetrics(), {}, {1003, 907}, c.pointer, nullptr).Fills(kBoxHovered),
+              c.hovered)
+        << c.pointer.x << ", " << c.pointer.y;
+  }
+}
+
+TEST_F(AboutDialogTest, FollowsTheWindowsSize) {
+  DialogScript script;
+  script.Wait().Step([] { SDL_SetWindowSize(Recorder().newest_window(), 1000, 700); }).Step([] {
+    EXPECT_EQ(Recorder().last_frame().draws.at(2).rect, (SDL_Rect{14, 14, 972, 672}));
+    KeyDown(SDLK_ESCAPE);
+  });
+  ShowSimpleAboutDialog(nullptr, 1.0F);
 }
 
 TEST_F(AboutDialogTest, WithoutFontsTheBoxesStandAndTheLinksWork) {
@@ -507,7 +780,7 @@ TEST_F(AboutDialogTest, NothingIsHoveredWhileAnotherWindowHasTheMouse) {
 TEST_F(AboutDialogTest, EndsByEscapeCloseAndQuit) {
   const std::function<void()> endings[] = {
       [] { KeyDown(SDLK_ESCAPE); },
-      [] { KeyDown(SDLK_ESCAPE, 4711); },
+      [] { KeyDown(SDLK_ESCAPE, WindowId()); },
       [] { CloseWindow(WindowId()); },
       [] { Quit(); },
   };
@@ -529,7 +802,11 @@ TEST_F(AboutDialogTest, StaysOpenForOtherKeysAndOtherWindows) {
         KeyDown(SDLK_SPACE);
         KeyUp(SDLK_ESCAPE);
       })
-      .Step([parent] { CloseWindow(SDL_GetWindowID(parent)); })
+      .Step([parent] {
+        CloseWindow(SDL_GetWindowID(parent));
+        KeyDown(SDLK_ESCAPE, SDL_GetWindowID(parent));
+        KeyDown(SDLK_ESCAPE, 4711);
+      })
       .Step([] { KeyDown(SDLK_ESCAPE); });
   ShowSimpleAboutDialog(parent, 1.0F);
   EXPECT_EQ(script.frames(), 4);
@@ -547,12 +824,16 @@ TEST_F(AboutDialogTest, WhatStandsBehindTheEndHasNoEffectAndIsTakenOff) {
               Each(Field("type", &SDL_Event::type, Ne(Uint32{SDL_MOUSEBUTTONDOWN}))));
 }
 
-TEST_F(AboutDialogTest, AThrowingHeartbeatLeavesNothingBehind) {
+TEST_F(AboutDialogTest, AThrowingHeartbeatClosesItAsEscapeDoes) {
   SDL_Window* const parent = MakeParent();
   DialogScript script;
-  script.Wait().Step([] { throw std::runtime_error("host"); });
+  script.Wait().Step([] {
+    Recorder().ForgetCalls();
+    throw std::runtime_error("host");
+  });
   EXPECT_THROW(ShowSimpleAboutDialog(parent, 1.0F), std::runtime_error);
   EXPECT_EQ(Recorder().alive(), AliveCounts{});
+  EXPECT_EQ(RecordedClosingCalls(), ClosingCalls());
 }
 
 }  // namespace

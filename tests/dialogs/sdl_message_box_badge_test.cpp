@@ -13,6 +13,7 @@ namespace {
 
 using namespace frontend::gui;  // NOLINT(google-build-using-namespace)
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 constexpr const char* kSemiBold = "./data/ttf/IBMPlexSans-SemiBold.ttf";
 constexpr const char* kDejaVuSans = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
@@ -138,10 +139,13 @@ TEST_F(MessageBoxBadge, NoSystemFontWithTheSymbolMeansAStandIn) {
   EXPECT_EQ(glyph.font.path, kSemiBold);
 }
 
-TEST_F(MessageBoxBadge, SystemFontIsOpenedOnceForAllFrames) {
+TEST_F(MessageBoxBadge, SystemFontIsLookedForOnceBeforeTheFirstFrame) {
   SdlMessageBox::Config config;
   DialogScript script;
-  script.Wait(10).Step([] { Quit(); });
+  script.Step([] { Recorder().ForgetCalls(); }).Wait(10).Step([] {
+    EXPECT_THAT(Recorder().CallsAmong({"TTF_OpenFont", "TTF_GlyphIsProvided32"}), IsEmpty());
+    Quit();
+  });
   SdlMessageBox(config).Show(nullptr, 1.0F);
   EXPECT_EQ(Recorder().CallCount("TTF_CloseFont"), 5);
 }
@@ -194,12 +198,22 @@ class MessageBoxBadgeFrame : public MessageBoxBadge {
   SdlMessageBoxFonts fonts_;
 };
 
-TEST_F(MessageBoxBadgeFrame, FallsBackAsTheLoopDoes) {
-  const MessageBoxTypeVisual error = VisualForMessageBoxType(SdlMessageBox::Type::Error);
-  EXPECT_EQ(Draw(error, IconFont()).font, (FontUse{kDejaVuSans, 18, TTF_STYLE_BOLD}));
-  Recorder().HideSystemFonts();
-  EXPECT_EQ(Draw(error, IconFont()).text, "x");
-  EXPECT_EQ(Recorder().alive().fonts, 4U);
+TEST_F(MessageBoxBadgeFrame, DrawsTheGivenGlyphWithTheGivenFontAndOpensNone) {
+  const long opened = Recorder().CallCount("TTF_OpenFont");
+  for (const TypeCase& c : AllTypes()) {
+    const DrawCall glyph =
+        Draw(VisualForMessageBoxType(static_cast<SdlMessageBox::Type>(c.type)), IconFont());
+    EXPECT_EQ(glyph.text, c.glyph) << c.type;
+    EXPECT_EQ(glyph.font, (FontUse{kSemiBold, 18, TTF_STYLE_BOLD})) << c.type;
+    EXPECT_EQ(glyph.color, c.accent) << c.type;
+  }
+  EXPECT_EQ(Recorder().CallCount("TTF_OpenFont"), opened);
+  EXPECT_EQ(Recorder().CallCount("TTF_GlyphIsProvided32"), 0);
+}
+
+TEST_F(MessageBoxBadgeFrame, WithoutGlyphOrFontTheBadgeIsEmpty) {
+  EXPECT_EQ(Draw({{1, 2, 3, 255}, nullptr}, IconFont()).text, "");
+  EXPECT_EQ(Draw({{1, 2, 3, 255}, "i"}, nullptr).text, "");
 }
 
 TEST_F(MessageBoxBadgeFrame, OwnGlyphIsDrawnWithTheIconFont) {

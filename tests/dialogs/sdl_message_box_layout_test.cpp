@@ -30,6 +30,12 @@ OwnedTtfFont OpenFont(int size) {
   return OpenSdlUiFontHandle(size, false, SdlUiFontKind::Ui);
 }
 
+int HeightOf(TTF_Font* font, const char* text) {
+  int height = 0;
+  EXPECT_EQ(TTF_SizeUTF8(font, text, nullptr, &height), 0);
+  return height;
+}
+
 class MessageBoxLayout : public DialogTest {
  protected:
   // With text 20 points high each character is 11 pixels wide and a line 26 high.
@@ -224,6 +230,26 @@ TEST_F(MessageBoxLayout, LineHeightIsMeasuredWithRealFonts) {
   int height = 0;
   ASSERT_EQ(TTF_SizeUTF8(Font(), "Ag", nullptr, &height), 0);
   EXPECT_EQ(Build(WithButtons(1), 1.0F, 420, 180).lineH, height);
+}
+
+// A letter that is higher than the font's line: 57 pixels at 40 points, where the line has 52.
+TEST_F(MessageBoxLayout, TitleIsMeasuredItselfAndLinesByAFixedSample) {
+  Recorder().SetMeasureMode(MeasureMode::Real);
+  const OwnedTtfFont title = OpenFont(40);
+  const OwnedTtfFont body = OpenFont(40);
+  const char* const tall = "\u01FA";
+  ASSERT_GT(HeightOf(body.get(), tall), HeightOf(body.get(), "Ag"));
+  SdlMessageBox::Config config = WithButtons(1);
+  const auto build = [&] {
+    return BuildSdlMessageBoxLayout(config, 1.0F, 420, 300, title.get(), body.get());
+  };
+  EXPECT_EQ(build().titleH, HeightOf(title.get(), "Title"));
+  config.title = tall;
+  config.message = tall;
+  EXPECT_EQ(build().titleH, HeightOf(title.get(), tall));
+  EXPECT_EQ(build().lineH, HeightOf(body.get(), "Ag"));
+  config.title = "Title";
+  EXPECT_EQ(build().titleH, HeightOf(title.get(), "Title"));
 }
 
 // --- Heights -------------------------------------------------------------------------------------

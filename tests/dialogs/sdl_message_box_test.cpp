@@ -456,6 +456,33 @@ TEST_F(MessageBoxLoopTest, ScaleIsAppliedToTheGeometry) {
   EXPECT_EQ(Recorder().last_frame().draws.at(1).rect.x, 20);
 }
 
+// In a window of 420 pixels the row of two starts at the margin, and the box is 395 pixels high:
+// its buttons stand at 295.
+TEST_F(MessageBoxLoopTest, ClicksMeetTheScaledButtons) {
+  const std::vector<std::pair<SDL_Point, int>> cases{
+      {{60, 300}, 7},   {{59, 300}, -1}, {{227, 300}, 7}, {{228, 300}, -1},
+      {{243, 300}, -1}, {{244, 300}, 8}, {{411, 300}, 8}, {{412, 300}, -1},
+      {{60, 294}, -1},  {{60, 295}, 7},  {{244, 350}, 8}, {{244, 351}, -1},
+  };
+  for (const auto& [point, result] : cases) {
+    DialogScript script;
+    script.Wait().Step([this, point = point] {
+      EXPECT_EQ(Size().y, 395);
+      MouseUp(point.x, point.y);
+      Quit();
+    });
+    EXPECT_EQ(Run(YesNo(), 2.0F), result) << point.x << ", " << point.y;
+    FlushEvents();
+  }
+}
+
+TEST_F(MessageBoxLoopTest, BadgeFontIsLookedForAtTheScaledSize) {
+  DialogScript script;
+  script.Wait().Step([] { Quit(); });
+  Run(YesNo(), 2.0F, VisualForMessageBoxType(SdlMessageBox::Type::Error));
+  EXPECT_EQ(Recorder().last_frame().FindText("\u2716")->font.size, 36);
+}
+
 TEST_F(MessageBoxLoopTest, OwnGlyphIsDrawnAsItIs) {
   DialogScript script;
   script.Wait().Step([] { Quit(); });
@@ -1042,6 +1069,41 @@ TEST_F(MessageBoxDrawTest, DrawsEverythingInOrder) {
   EXPECT_EQ(Recorder().CallCount("SDL_RenderPresent"), 0);
 }
 
+// At a scale of 2 in a window of 900 x 500, with fonts of 30, 26, 24 and 22 points.
+TEST_F(MessageBoxDrawTest, DrawsEverythingAtAnotherScaleWithFontsOfItsOwn) {
+  fonts_.iconFont = OpenSdlUiFontHandle(30, true, SdlUiFontKind::Ui);
+  fonts_.titleFont = OpenSdlUiFontHandle(26, true, SdlUiFontKind::Ui);
+  fonts_.bodyFont = OpenSdlUiFontHandle(24, false, SdlUiFontKind::Ui);
+  fonts_.buttonFont = OpenSdlUiFontHandle(22, false, SdlUiFontKind::Ui);
+  layout_ = BuildSdlMessageBoxLayout(config_, 2.0F, 900, 500, fonts_.titleFont.get(),
+                                     fonts_.bodyFont.get());
+  const std::vector<DrawCall> expected{
+      Rect(DrawKind::Clear, {}, kWindow),
+      Rect(DrawKind::Outline, {20, 20, 860, 460}, kBorder),
+      Rect(DrawKind::Fill, {21, 21, 858, 355}, kContent),
+      Rect(DrawKind::Fill, {21, 376, 858, 103}, kFooter),
+      Line({21, 376}, {878, 376}, kBorder),
+      Rect(DrawKind::Fill, {61, 61, 84, 88}, kBadge),
+      Rect(DrawKind::Outline, {61, 61, 84, 88}, kBorder),
+      Rect(DrawKind::Fill, {61, 61, 4, 88}, {70, 148, 255, 255}),  // The bar is not scaled.
+      Text("?", {61 + 34, 61 + 24, 16, 39}, {70, 148, 255, 255}, 30, TTF_STYLE_BOLD),
+      Text("Overwrite?", {169, 61 + 27, 143, 33}, kColTextHi, 26, TTF_STYLE_BOLD),
+      Text("One", {169, 173, 39, 31}, kColTextHi, 24, TTF_STYLE_NORMAL),
+      Text("Two", {169, 173 + 62, 39, 31}, kColTextHi, 24, TTF_STYLE_NORMAL),
+      Rect(DrawKind::Fill, {488, 400, 168, 56}, kButton),
+      Rect(DrawKind::Outline, {488, 400, 168, 56}, kButtonBorder),
+      Text("Yes", {488 + 66, 400 + 14, 36, 28}, kColTextHi, 22, TTF_STYLE_NORMAL),
+      Rect(DrawKind::Fill, {488 + 184, 400, 168, 56}, kButton),
+      Rect(DrawKind::Outline, {488 + 184, 400, 168, 56}, kButtonBorder),
+      Text("No", {672 + 72, 400 + 14, 24, 28}, kColTextHi, 22, TTF_STYLE_NORMAL),
+  };
+  EXPECT_EQ(DescribeAll(Draw().draws), DescribeAll(expected));
+  EXPECT_THAT(Draw(655, 455).Fills(kButtonHovered), ElementsAre(SDL_Rect{488, 400, 168, 56}));
+  EXPECT_THAT(Draw(672, 400).Fills(kButtonHovered), ElementsAre(SDL_Rect{672, 400, 168, 56}));
+  EXPECT_THAT(Draw(656, 400).Fills(kButtonHovered), IsEmpty());
+  EXPECT_THAT(Draw(671, 400).Fills(kButtonHovered), IsEmpty());
+}
+
 TEST_F(MessageBoxDrawTest, TextColourIsTheBrightOne) {
   EXPECT_EQ(kColTextHi, (SDL_Color{232, 237, 244, 255}));
 }
@@ -1170,6 +1232,16 @@ TEST_F(MessageBoxDrawTest, ButtonIsFilledOutlinedAndLabelled) {
         Text("Go", {1 + 32, 2 + 6, 15, 18}, kColTextHi, 14, TTF_STYLE_NORMAL),
     };
     EXPECT_EQ(DescribeAll(Recorder().unpresented().draws), DescribeAll(expected));
+  }
+}
+
+TEST_F(MessageBoxDrawTest, ButtonWithoutRoomIsNotOutlinedAndShowsNoLabel) {
+  for (const int width : {0, 1, 2}) {
+    Recorder().ForgetDraws();
+    DrawSdlMessageBoxButton(Renderer(), fonts_.buttonFont.get(), {10, 20, width, 30}, "Go", false);
+    const Frame& frame = Recorder().unpresented();
+    EXPECT_EQ(frame.Outlines(kButtonBorder).size(), width == 0 ? 0U : 1U) << width;
+    EXPECT_EQ(frame.FindText("Go")->clip, (SDL_Rect{11, 20, 0, 30})) << width;
   }
 }
 

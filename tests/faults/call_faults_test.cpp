@@ -1,4 +1,5 @@
-// Every call of every wrapped SDL and SDL_ttf function is made to fail once, in every scenario.
+// Every call of every wrapped SDL and SDL_ttf function is made to fail once, in every scenario. No
+// dialog prints anything, whatever fails.
 
 #include <gtest/gtest.h>
 
@@ -38,7 +39,12 @@ class CallFaults : public DialogTest, public ::testing::WithParamInterface<Fault
     Recorder().SetDrawMode(DrawMode::Recorded);
     Recorder().KeepFrames(1);
     arm();
-    EXPECT_TRUE(PlayScenario(GetParam(), parent_, PointAtDialog)) << "does not end";
+    ::testing::internal::CaptureStdout();
+    ::testing::internal::CaptureStderr();
+    const bool ended = PlayScenario(GetParam(), parent_, PointAtDialog);
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+    EXPECT_TRUE(ended) << "does not end";
     frontend::gui::ShutdownSdlUiCachedFonts();
     EXPECT_EQ(Recorder().alive(), AliveCounts{});
     EXPECT_TRUE(Recorder().violations().empty());

@@ -149,10 +149,11 @@ QUINDLE_SDL_UI_EXPORT int RunSdlMessageBoxLoop(SDL_Window* window, SDL_Renderer*
                                                const MessageBoxTypeVisual& visual,
                                                const SdlMessageBoxFonts& fonts);
 
-/// Draws one frame without presenting it. The fonts are borrowed.
+/// Draws one frame without presenting it. The fonts are borrowed. Only the loop looks for another
+/// font or glyph where `iconFont` lacks the badge's.
 /// @param renderer the target; borrowed
 /// @param config what the box shows
-/// @param visual colour and glyph of the badge
+/// @param visual colour and glyph of the badge, drawn as it stands
 /// @param layout the geometry
 /// @param iconFont font of the glyph; null leaves it out
 /// @param titleFont font of the title; null leaves it out

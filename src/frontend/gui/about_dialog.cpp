@@ -1,6 +1,7 @@
 #include "frontend/gui/about_dialog.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "frontend/gui/build_info.h"
 #include "frontend/gui/numbers.h"
@@ -110,7 +111,7 @@ void DrawHeader(SDL_Renderer* renderer, const AboutDialogFonts& fonts, const Abo
 struct InfoColumn {
   int label_x;
   int value_x;
-  int right;  // Where a value must end.
+  int right;  // Where a value is cut off.
 };
 
 struct InfoColumns {
@@ -118,26 +119,29 @@ struct InfoColumns {
   InfoColumn right;
 };
 
-InfoColumns PlaceInfoColumns(const AboutDialogMetrics& metrics, const SDL_Rect& panel) {
+// The gap keeps a value of the left column off the right one's labels. In the right column nothing
+// follows, and with a wide font the values need more than the panel.
+InfoColumns PlaceInfoColumns(const AboutDialogMetrics& metrics, const SDL_Rect& content,
+                             const SDL_Rect& panel) {
   const int gap = Scaled(24.0F, metrics.scale);
   const int left = panel.x + metrics.infoPadX;
-  const int right = left + gap + (panel.w - 2 * metrics.infoPadX - gap) / 2;
-  return {{left, left + Scaled(86.0F, metrics.scale), right},
-          {right, right + Scaled(72.0F, metrics.scale), panel.x + panel.w}};
+  const int left_end = left + (panel.w - 2 * metrics.infoPadX - gap) / 2;
+  const int right = left_end + gap;
+  return {{left, left + Scaled(86.0F, metrics.scale), left_end},
+          {right, right + Scaled(72.0F, metrics.scale), content.x + content.w}};
 }
 
 void DrawInfoCell(SDL_Renderer* renderer, TTF_Font* font, const InfoColumn& column, int y,
                   const char* label, const std::string& value) {
   DrawSdlUiText(renderer, font, label, column.label_x, y, kColTextDim, nullptr);
-  DrawSdlUiText(renderer, font, FitTextLeft(font, value, column.right - column.value_x),
-                column.value_x, y, kColTextHi, nullptr);
+  DrawTextStartVisible(renderer, font, value, column.value_x, y, column.right, kColTextHi);
 }
 
 void DrawBuildInfo(SDL_Renderer* renderer, const AboutDialogFonts& fonts,
                    const AboutDialogMetrics& metrics, const AboutDialogInfoRows& rows,
-                   const SDL_Rect& panel) {
+                   const SDL_Rect& content, const SDL_Rect& panel) {
   FillAndOutlineRect(renderer, panel, kBoxFill, kPanelBorder);
-  const InfoColumns columns = PlaceInfoColumns(metrics, panel);
+  const InfoColumns columns = PlaceInfoColumns(metrics, content, panel);
   int y = panel.y + metrics.infoPadY;
   DrawSdlUiText(renderer, fonts.smallBoldFont.get(), "BUILD INFO", columns.left.label_x, y,
                 kColTextDim, nullptr);
@@ -174,11 +178,13 @@ bool HandleAboutEvent(SDL_Window* window, const SDL_Event& event, const AboutDia
   if (IsModalCancelEvent(event)) {
     return true;
   }
+  if (IsInputOfOtherWindow(window, event)) {
+    return false;
+  }
   if (event.type == SDL_KEYDOWN) {
     return event.key.keysym.sym == SDLK_ESCAPE;
   }
-  if (event.type == SDL_MOUSEBUTTONDOWN && IsLeftButtonEvent(event) &&
-      !IsInputOfOtherWindow(window, event)) {
+  if (event.type == SDL_MOUSEBUTTONDOWN && IsLeftButtonEvent(event)) {
     OpenLinkAt(links, event.button.x, event.button.y);
   }
   return false;
@@ -266,16 +272,19 @@ std::string SwitchText(const char* name, bool on) {
 
 void ShowSimpleAboutDialog(SDL_Window* parent, float /*scale*/) {
   const ModalHostState host_state;
-  // The fonts come first: the window's height follows from theirs.
+  // Declared in the order opposite to their release: the fonts come first, since the window's
+  // height follows from theirs, and are closed first.
+  ModalWindowBundle bundle;
+  std::optional<ModalParentFocus> parent_focus;
   const AboutDialogFonts fonts = OpenAboutDialogFonts(kAboutScale);
   const AboutDialogMetrics metrics = BuildAboutDialogMetrics(fonts, kAboutScale);
-  const ModalWindowBundle bundle = CreateModalWindowBundle(
-      parent, "About Quindle", 80, 80, kAboutWidth, AboutDialogWindowHeight(metrics),
-      SDL_WINDOW_HIDDEN, ModalRendererMode::Accelerated);
+  bundle = CreateModalWindowBundle(parent, "About Quindle", 80, 80, kAboutWidth,
+                                   AboutDialogWindowHeight(metrics), SDL_WINDOW_HIDDEN,
+                                   ModalRendererMode::Accelerated);
   if (bundle.window == nullptr || bundle.renderer == nullptr) {
     return;
   }
-  const ModalParentFocus parent_focus(parent);
+  parent_focus.emplace(parent);
   RunAboutDialogLoop(bundle.window.get(), bundle.renderer.get(), fonts, metrics);
 }
 
@@ -354,7 +363,7 @@ void RenderAboutDialogFrame(SDL_Renderer* renderer, const AboutDialogFonts& font
               IsPointInside(placed.homepage, mouseX, mouseY));
   const SDL_Rect info_panel{panels.left, placed.homepage.y + metrics.linkRowH + metrics.infoGap,
                             panels.inner_width, metrics.infoPanelH};
-  DrawBuildInfo(renderer, fonts, metrics, rows, info_panel);
+  DrawBuildInfo(renderer, fonts, metrics, rows, panels.content, info_panel);
   DrawFooterText(renderer, fonts, metrics, panels);
   if (links != nullptr) {
     *links = placed;

@@ -245,14 +245,11 @@ void DrawBadge(SDL_Renderer* renderer, const MessageBoxTypeVisual& visual, const
                TTF_Font* icon_font) {
   FillAndOutlineRect(renderer, icon, kBadgeFill, kPanelBorder);
   FillRect(renderer, SDL_Rect{icon.x, icon.y, 4, icon.h}, visual.accent);
-  // The loop hands in a font that has the glyph; others may not.
-  const DrawableGlyph drawable =
-      ResolveBadgeGlyph(visual.glyph, icon_font, IconFontSize(kMessageBoxScale));
-  if (drawable.font == nullptr || drawable.glyph == nullptr) {
+  if (icon_font == nullptr || visual.glyph == nullptr) {
     return;
   }
-  const TextExtent extent = MeasureText(drawable.font, drawable.glyph);
-  DrawSdlUiText(renderer, drawable.font, drawable.glyph, icon.x + (icon.w - extent.width) / 2,
+  const TextExtent extent = MeasureText(icon_font, visual.glyph);
+  DrawSdlUiText(renderer, icon_font, visual.glyph, icon.x + (icon.w - extent.width) / 2,
                 icon.y + (icon.h - extent.height) / 2, visual.accent, nullptr);
 }
 
