@@ -473,12 +473,28 @@ TEST_F(ShaderLoopTest, OtherKeysAreIgnored) {
   EXPECT_EQ(session_.scroll, 0);
 }
 
-TEST_F(ShaderLoopTest, KeysCountWhateverWindowTheyName) {
-  DialogScript script;
-  script.Step([] { KeyDown(SDLK_RETURN, 4711); }).Step([] { KeyDown(SDLK_ESCAPE, 4711); });
-  Run();
-  EXPECT_THAT(applied_, SizeIs(1));
-  EXPECT_FALSE(result_.applied);
+TEST_F(ShaderLoopTest, KeysCountThatNameTheDialogOrNoWindow) {
+  for (const Uint32 id : {WindowId(), Uint32{0}}) {
+    applied_.clear();
+    DialogScript script;
+    script.Step([id] { KeyDown(SDLK_RETURN, id); }).Step([id] { KeyDown(SDLK_ESCAPE, id); });
+    Run();
+    EXPECT_THAT(applied_, SizeIs(1));
+    EXPECT_FALSE(result_.applied);
+    FlushEvents();
+  }
+}
+
+TEST_F(ShaderLoopTest, KeysThatNameAnotherWindowAreDropped) {
+  const Uint32 other = WindowId() + 1;
+  result_.applied = true;
+  for (const SDL_Keycode key : {SDLK_RETURN, SDLK_KP_ENTER, SDLK_ESCAPE}) {
+    KeyDown(key, other);
+  }
+  RunFrame();
+  EXPECT_EQ(Recorder().presents(), 1) << "the dialog ended at a key";
+  EXPECT_THAT(applied_, IsEmpty());
+  EXPECT_TRUE(result_.applied);
 }
 
 TEST_F(ShaderLoopTest, EscapeTakesAppliedBack) {
@@ -842,6 +858,127 @@ TEST_F(ShaderLoopTest, ReleaseAnywhereEndsTheDrag) {
   EXPECT_EQ(ValueOf(0), 5.0F) << "x 400 is 5.09, which snaps to 5";
   EXPECT_FALSE(session_.dragging_slider);
   EXPECT_EQ(session_.active_param, -1);
+}
+
+TEST_F(ShaderLoopTest, ReleaseThatNamesAnotherWindowEndsADragAndDoesNothingElse) {
+  const Uint32 other = WindowId() + 1;
+  for (const SDL_Point button : {kApplyButton, kCancelButton}) {
+    MouseDown(400, 60);
+    MouseUp(button.x, button.y, SDL_BUTTON_LEFT, 1, other);
+    Motion(260, 60);
+    RunFrame();
+    EXPECT_EQ(ValueOf(0), 5.0F);
+    EXPECT_FALSE(session_.dragging_slider);
+    EXPECT_EQ(session_.active_param, -1);
+  }
+  MouseDown(888, 100);
+  MouseUp(5, 5, SDL_BUTTON_LEFT, 1, other);
+  Motion(888, 300);
+  RunFrame();
+  EXPECT_EQ(session_.scroll, 0);
+  EXPECT_FALSE(session_.dragging_scrollbar);
+  EXPECT_EQ(Recorder().presents(), 3);
+  EXPECT_THAT(applied_, IsEmpty());
+  MouseDown(400, 60);
+  MouseUp(5, 5, SDL_BUTTON_RIGHT, 1, other);
+  Motion(260, 60);
+  RunFrame();
+  EXPECT_EQ(ValueOf(0), 0.0F) << "the right button's release ended the drag";
+}
+
+void ShowBoxOverTheDialog() {
+  SdlMessageBox::Config config;
+  config.title = "Nested";
+  config.message = "Nested";
+  SdlMessageBox(config).Show(Recorder().newest_window(), 1.0F);
+}
+
+TEST_F(ShaderLoopTest, ReleaseThatANestedDialogReadEndsTheDrag) {
+  const Uint32 id = WindowId();
+  for (const SDL_Point grip : {SDL_Point{400, 60}, SDL_Point{888, 100}}) {
+    DialogScript script;
+    script
+        .Step([&] {
+          Recorder().SetPointer(session_.window, grip.x, grip.y, SDL_BUTTON_LMASK);
+          MouseDown(grip.x, grip.y);
+        })
+        .Step([&] {
+          ASSERT_TRUE(session_.dragging_slider || session_.dragging_scrollbar);
+          ShowBoxOverTheDialog();
+        })
+        .Wait()
+        .Step([] {
+          Recorder().ClearPointer();
+          MouseUp(1, 1);
+          KeyDown(SDLK_ESCAPE);
+        })
+        .Step([&] { Motion(270, 300, 0, id); })
+        .Step([&] {
+          EXPECT_EQ(ValueOf(0), 5.0F);
+          EXPECT_EQ(session_.scroll, 0);
+          EXPECT_FALSE(session_.dragging_slider);
+          EXPECT_FALSE(session_.dragging_scrollbar);
+          EXPECT_EQ(session_.active_param, -1);
+          Quit();
+        });
+    Run();
+    FlushEvents();
+  }
+}
+
+TEST_F(ShaderLoopTest, ReleaseThatADialogOfTheCallbackReadEndsTheDragForTheVeryNextEvent) {
+  DialogScript script;
+  script
+      .Step([&] {
+        Recorder().SetPointer(session_.window, 400, 60, SDL_BUTTON_LMASK);
+        MouseDown(400, 60);
+        KeyDown(SDLK_RETURN);
+      })
+      .Wait()
+      .Step([] {
+        Recorder().ClearPointer();
+        MouseUp(1, 1);
+        KeyDown(SDLK_ESCAPE);
+        Motion(270, 60);
+        Quit();
+      });
+  int boxes = 0;
+  RunShaderParameterDialog(&session_, [&](const Values&) {
+    EXPECT_TRUE(session_.dragging_slider);
+    ++boxes;
+    ShowBoxOverTheDialog();
+  });
+  EXPECT_EQ(boxes, 1);
+  EXPECT_EQ(ValueOf(0), 5.0F);
+  EXPECT_FALSE(session_.dragging_slider);
+}
+
+TEST_F(ShaderLoopTest, DragGoesOnBehindANestedDialogWhileTheButtonIsDown) {
+  const Uint32 id = WindowId();
+  DialogScript script;
+  script
+      .Step([&] {
+        Recorder().SetPointer(session_.window, 400, 60, SDL_BUTTON_LMASK);
+        MouseDown(400, 60);
+      })
+      .Step([] { ShowBoxOverTheDialog(); })
+      .Wait()
+      .Step([] { KeyDown(SDLK_ESCAPE); })
+      .Step([id] { Motion(315, 60, SDL_BUTTON_LMASK, id); })
+      .Step([] { Quit(); });
+  Run();
+  EXPECT_EQ(ValueOf(0), 2.0F);
+  EXPECT_TRUE(session_.dragging_slider);
+}
+
+// Without a dialog in between the button's state is not asked: it is newer than the events.
+TEST_F(ShaderLoopTest, ButtonThatIsUpByNowDoesNotEndADragBeforeItsRelease) {
+  PointAt(400, 60);
+  MouseDown(400, 60);
+  Motion(315, 60);
+  RunFrame();
+  EXPECT_EQ(ValueOf(0), 2.0F);
+  EXPECT_TRUE(session_.dragging_slider);
 }
 
 TEST_F(ShaderLoopTest, ReleaseOfAnotherButtonDoesNotEndTheDrag) {
@@ -1416,10 +1553,13 @@ struct Model {
       ClampScroll();
     }
   }
-  void Release(int x, int y) {
+  void EndDrag() {
     dragging_slider = false;
     dragging_scrollbar = false;
     active = -1;
+  }
+  void Release(int x, int y) {
+    EndDrag();
     const bool button_row = y >= height - 39 && y < height - 13;
     if (button_row && x >= width - 192 && x < width - 114) {
       Cancel();
@@ -1523,6 +1663,13 @@ class ShaderLoopModelTest : public ShaderLoopTest {
         break;
       case 11:
         Motion(at.x, at.y, 0, WindowId() + 1);
+        break;
+      case 12:
+        MouseUp(at.x, at.y, SDL_BUTTON_LEFT, 1, WindowId() + 1);
+        model_.EndDrag();
+        break;
+      case 13:
+        KeyDown(Below(2) == 0 ? SDLK_RETURN : SDLK_ESCAPE, WindowId() + 1);
         break;
       default:
         Motion(at.x, at.y);

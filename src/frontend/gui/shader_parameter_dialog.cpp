@@ -213,11 +213,14 @@ void HandleMotion(int x, int y, const ShaderDialogLayout& layout, ShaderDialogSe
   }
 }
 
-Progress HandleRelease(int x, int y, const ShaderDialogLayout& layout, ShaderDialogSession* session,
-                       const ShaderApplyCallback& on_apply) {
+void EndDrag(ShaderDialogSession* session) {
   session->dragging_slider = false;
   session->dragging_scrollbar = false;
   session->active_param = -1;
+}
+
+Progress HandleRelease(int x, int y, const ShaderDialogLayout& layout, ShaderDialogSession* session,
+                       const ShaderApplyCallback& on_apply) {
   if (IsPointInside(layout.cancel, x, y)) {
     return CancelDialog(session);
   }
@@ -243,9 +246,6 @@ Progress HandleKey(SDL_Keycode key, ShaderDialogSession* session,
 
 Progress HandleMouse(const SDL_Event& event, const ShaderDialogLayout& layout,
                      ShaderDialogSession* session, const ShaderApplyCallback& on_apply) {
-  if (IsInputOfOtherWindow(session->window, event)) {
-    return Progress::Continue;
-  }
   if (event.type == SDL_MOUSEWHEEL) {
     HandleWheel(event.wheel.y, layout, session);
   } else if (event.type == SDL_MOUSEMOTION) {
@@ -269,6 +269,13 @@ Progress HandleEvent(const SDL_Event& event, ShaderDialogLayout* layout,
     ScrollTo(*layout, session->scroll, session);
     return Progress::Continue;
   }
+  if (IsLeftButtonEvent(event) && event.type == SDL_MOUSEBUTTONUP) {
+    // The button is up, whichever window it was over.
+    EndDrag(session);
+  }
+  if (IsInputOfOtherWindow(session->window, event)) {
+    return Progress::Continue;
+  }
   if (event.type == SDL_KEYDOWN) {
     return HandleKey(event.key.keysym.sym, session, on_apply);
   }
@@ -280,6 +287,9 @@ Progress HandleEvents(ModalEventQueue* events, ShaderDialogSession* session,
   ShaderDialogLayout layout = LayOutForWindow(*session);
   SDL_Event event;
   while (events->Poll(&event)) {
+    if (events->MissedLeftRelease()) {
+      EndDrag(session);
+    }
     if (HandleEvent(event, &layout, session, on_apply) == Progress::Finished) {
       return Progress::Finished;
     }
