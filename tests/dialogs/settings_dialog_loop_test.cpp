@@ -406,6 +406,16 @@ TEST_F(SettingsDialog, PointerIsReadBeforeTheEvents) {
                      [](const SettingsDialogValues&) { Point(100, NavRow(6).y); });
 }
 
+TEST_F(SettingsDialog, EventsArePumpedBeforeThePointerIsRead) {
+  DialogScript script;
+  script.Step([] { Recorder().ForgetCalls(); }).Step([] {
+    EXPECT_THAT(Recorder().CallsAmong({"SDL_PumpEvents", "SDL_GetMouseFocus", "SDL_PollEvent"}),
+                ElementsAre("SDL_PumpEvents", "SDL_GetMouseFocus", "SDL_PollEvent"));
+    Escape();
+  });
+  Show();
+}
+
 // --- Navigation ----------------------------------------------------------------------------------
 
 TEST_F(SettingsDialog, EveryItemRowSelectsItsPage) {
@@ -525,16 +535,23 @@ TEST_F(SettingsDialog, PressesOfOneFrameAreHandledInTheirOrder) {
   const SDL_Point page{300, 200};
   const SDL_Point bar{300, 450};
   const SDL_Point heading{100, 20};
+  const SDL_Point below_list{100, 420};
+  const SDL_Point separator{224, 200};
   const SDL_Point fps_row{100, NavRow(2).y};
   const SDL_Point font_row{100, NavRow(1).y};
   for (const Case& c : std::vector<Case>{
            {"apply twice", {kInApply, kInApply}, 2, "Font Mode", "ttf"},
            {"page, then apply", {page, kInApply}, 1, "Font Mode", "ttf-hires"},
            {"apply, then page", {kInApply, page}, 1, "Font Mode", "ttf-hires"},
-           {"page, then bar", {page, bar}, 0, "Font Mode", "ttf"},
+           {"page, then bar", {page, bar}, 0, "Font Mode", "ttf-hires"},
            {"bar, then page", {bar, page}, 0, "Font Mode", "ttf-hires"},
-           {"page, then heading", {page, heading}, 0, "Font Mode", "ttf"},
+           {"page, then heading", {page, heading}, 0, "Font Mode", "ttf-hires"},
+           {"heading, then page", {heading, page}, 0, "Font Mode", "ttf-hires"},
+           {"page, then dead ground", {page, below_list, separator}, 0, "Font Mode", "ttf-hires"},
+           {"dead ground alone", {below_list, separator, heading, bar}, 0, "Font Mode", "ttf"},
            {"page, then its own row", {page, font_row}, 0, "Font Mode", "ttf-hires"},
+           {"page, then all the rest", {page, heading, kInApply, bar}, 1, "Font Mode", "ttf-hires"},
+           {"page, then another row", {page, fps_row}, 0, "Target FPS", "ttf"},
            {"two rows", {fps_row, font_row, fps_row}, 0, "Target FPS", "ttf"},
        }) {
     testing::FlushEvents();
@@ -560,6 +577,23 @@ TEST_F(SettingsDialog, PressesOfOneFrameAreHandledInTheirOrder) {
     ASSERT_FALSE(applied_.empty());
     EXPECT_EQ(applied_.back().font_mode, c.font_mode) << c.name;
   }
+}
+
+// Whatever ends the dialog in the frame of a press on the page: the press changes nothing.
+TEST_F(SettingsDialog, EndsInTheFrameOfAPressOnThePage) {
+  for (const auto& end : std::vector<std::function<void()>>{
+           [] { Press(kInCancel); }, &Escape, [] { CloseWindow(WindowId()); }, [] { Quit(); }}) {
+    testing::FlushEvents();
+    DialogScript script;
+    script.Step([] { Point(300, Top() + 2 * 34); }).Step([&end] {
+      Press(300, 200);
+      end();
+    });
+    Show();
+    EXPECT_TRUE(script.IsFinished());
+    EXPECT_EQ(Recorder().alive(), AliveCounts());
+  }
+  EXPECT_THAT(applied_, IsEmpty());
 }
 
 // A row and a press on the page in one frame: the click goes to the page selected by then.
@@ -1041,6 +1075,43 @@ TEST_F(SettingsDialogLoop, EndingEventAppliesNoHitAndOpensNoPicker) {
   RunSettingsDialogLoop(&session, nullptr);
   EXPECT_EQ(Recorder().windows().size(), windows);
   EXPECT_TRUE(script.IsFinished());
+}
+
+TEST_F(SettingsDialogLoop, PickerOpensBeforeTheBottomBarIsDrawn) {
+  SettingsDialogSession session = MakeSession();
+  session.values.font_mode = "ttf-custom";
+  session.regular_font = OpenSdlUiFontHandle(15, false, SdlUiFontKind::Ui);
+  const int browse = 20 + 17 + 6 + TTF_FontHeight(session.regular_font.get()) + 20 + 144;
+  DialogScript script;
+  script.Step([browse] { PointAndPress(760, browse + 14); })
+      .Step([] {
+        // The picker's first frame: what is drawn and not presented is the settings dialog's.
+        EXPECT_TRUE(Recorder().unpresented().HasText("Browse..."));
+        EXPECT_FALSE(Recorder().unpresented().HasText("Apply"));
+      })
+      .Step([] { KeyDown(SDLK_ESCAPE); })
+      .Step([] {
+        EXPECT_TRUE(Recorder().last_frame().HasText("Apply"));
+        Escape();
+      });
+  RunSettingsDialogLoop(&session, nullptr);
+}
+
+// Only rows of kind 1 can be selected, whatever other kinds a host's list holds.
+TEST_F(SettingsDialogLoop, RowOfAnotherKindIsNotSelected) {
+  nav_items_ = {{0, "Heading", -1}, {2, "Other", 1}, {-1, "Another", 2}, {1, "Item", 3}};
+  SettingsDialogSession session = MakeSession();
+  EXPECT_EQ(FindInitialSettingsPanel(nav_items_), 3);
+  DialogScript script;
+  script.Step([] { PressRow(1); })
+      .Step([] { PressRow(2); })
+      .Step([&session] {
+        EXPECT_EQ(session.panel_id, 0);
+        PressRow(3);
+      })
+      .Step(&Escape);
+  RunSettingsDialogLoop(&session, nullptr);
+  EXPECT_EQ(session.panel_id, 3);
 }
 
 TEST_F(SettingsDialogLoop, WithoutItemsShowsNoPage) {

@@ -282,6 +282,14 @@ TEST_F(SettingsList, HighlightsTheItemUnderTheMouseUnlessSelected) {
   }
 }
 
+TEST_F(SettingsList, RowOfAnotherKindLooksLikeAnItem) {
+  DrawLeftPanel(renderer(), bold(), regular(), {{2, "Other", 1}, {1, "Item", 2}}, 2, -1, -1);
+  const Frame drawn = TakeDraws();
+  EXPECT_THAT(drawn.Fills(kHeadingFill), IsEmpty());
+  ASSERT_TRUE(drawn.HasText("Other"));
+  EXPECT_EQ(drawn.FindText("Other")->rect.x, 22);
+}
+
 TEST_F(SettingsList, EmptyListStillHasGroundAndSeparator) {
   DrawLeftPanel(renderer(), bold(), regular(), {}, 0, 100, 50);
   const Frame drawn = TakeDraws();

@@ -51,7 +51,7 @@ class SettingsModel {
   void BeginFrame(std::optional<SDL_Point> pointer, bool left_held) {
     pointer_ = pointer.value_or(SDL_Point{-1, -1});
     held_ = pointer.has_value() && left_held;
-    click_.reset();
+    clicked_ = false;
   }
 
   // False when the frame is over with this press.
@@ -64,16 +64,15 @@ class SettingsModel {
       thrown = apply_throws;
     } else if (const int row = RowAt(p); row >= 0) {
       page = kRowPages[row];
-    } else {
-      click_ = p;
+    } else if (p.x > 224 && p.y < 436) {
+      clicked_ = true;
     }
     return !closed && !thrown;
   }
 
   void EndFrame() {
-    const bool clicked = click_ && click_->x > 224 && click_->y < 436;
     const bool held = held_ && pointer_.x > 224 && pointer_.y < 436;
-    if (clicked) {
+    if (clicked_) {
       ClickPage();
     }
     if (held) {
@@ -159,7 +158,7 @@ class SettingsModel {
   std::string chosen_font_;
   SDL_Point pointer_{-1, -1};
   bool held_ = false;
-  std::optional<SDL_Point> click_;
+  bool clicked_ = false;
 };
 
 class SettingsRandomInput : public DialogTest {

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -11,8 +13,10 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
 #include "frontend/gui/settings_dialog.h"
 #include "support/temporary_directory.h"
@@ -324,6 +328,67 @@ TEST_F(SettingsX11Dialog, BelongsToItsParentAndGivesTheFocusBack) {
   EXPECT_EQ(applied, 2);
   testing::PumpX11Until("focus of the parent",
                         [this] { return testing::FocusedX11Window() == ParentId(); });
+}
+
+// A touch screen's pointer: it comes and presses in the same moment. The heartbeat does both, so
+// that the dialog finds them together at its next look.
+class JumpingPointer {
+ public:
+  JumpingPointer() {
+    SetModalDialogHeartbeat([this] { Jump(); });
+  }
+  ~JumpingPointer() { SetModalDialogHeartbeat({}); }
+  JumpingPointer(const JumpingPointer&) = delete;
+  JumpingPointer& operator=(const JumpingPointer&) = delete;
+
+  void ClickAt(X11WindowId window, int x, int y) {
+    window_ = window;
+    x_ = x;
+    y_ = y;
+    due_ = true;
+  }
+
+ private:
+  void Jump() {
+    if (due_.exchange(false)) {
+      testing::RunX11Tool({"xdotool", "mousemove", "--window", std::to_string(window_),
+                           std::to_string(x_), std::to_string(y_), "click", "1"});
+      // By now the server has sent the events.
+      std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
+  }
+
+  std::atomic<bool> due_{false};
+  std::atomic<X11WindowId> window_{0};
+  std::atomic<int> x_{0};
+  std::atomic<int> y_{0};
+};
+
+TEST_F(SettingsX11Dialog, PointerThatJumpsAndClicksSetsTheOptionUnderIt) {
+  const int top = ContentTop();
+  std::vector<std::string> applied;
+  JumpingPointer pointer;
+  WhileShowing(
+      [&] {
+        ShowSettingsDialog(Parent(), 1.0F, SettingsDialogValues(),
+                           [&applied](const SettingsDialogValues& values) {
+                             applied.push_back(values.font_mode);
+                           });
+        return 0;
+      },
+      [&] {
+        const X11WindowId dialog = WaitForX11Window("Settings");
+        WaitForX11Focus(dialog);
+        testing::WaitForX11WindowToRest(dialog);
+        for (const int row : {2, 0, 3, 1}) {
+          pointer.ClickAt(dialog, 400, top + 34 * row + 17);
+          WaitForPixel(dialog, 255, top + 34 * row + 17, kAccent);
+        }
+        pointer.ClickAt(dialog, kApply.x + 40, kApply.y + 14);
+        WaitForPixel(dialog, kApply.x + 2, kApply.y + 2, kButtonHover);
+        PressKey("Escape");
+      });
+  EXPECT_THAT(applied, ::testing::ElementsAre("ttf"));
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "frontend/gui/sdl_pickers.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
 #include "frontend/gui/settings_page.h"
+#include "frontend/gui/settings_style.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -20,10 +21,7 @@ constexpr SDL_Color kCanvasFill{18, 21, 27, 255};
 constexpr SDL_Color kListFill{24, 27, 34, 255};
 constexpr SDL_Color kHeadingFill{20, 23, 30, 255};
 constexpr SDL_Color kSelectedFill{44, 74, 128, 255};
-constexpr SDL_Color kHoverFill{40, 46, 60, 255};
-constexpr SDL_Color kAccent{106, 166, 255, 255};
 constexpr SDL_Color kBarFill{22, 25, 32, 255};
-constexpr SDL_Color kSeparator{52, 58, 70, 255};
 
 constexpr int kCanvasWidth = 820;
 constexpr int kCanvasHeight = 492;
@@ -35,7 +33,6 @@ constexpr SDL_Rect kRightArea{kListWidth + 1, 0, kCanvasWidth - kListWidth - 1, 
 
 constexpr int kFontSize = 15;
 constexpr int kMissingTitleHeight = 17;
-constexpr int kMissingFontHeight = 16;
 
 constexpr int kNavHeading = 0;
 constexpr int kNavItem = 1;
@@ -64,9 +61,9 @@ void DrawNavItem(SDL_Renderer* renderer, TTF_Font* font, const SDL_Rect& row,
                  const std::string& label, bool selected, bool hovered) {
   if (selected) {
     FillRect(renderer, row, kSelectedFill);
-    FillRect(renderer, SDL_Rect{row.x, row.y, 3, row.h}, kAccent);
+    FillRect(renderer, SDL_Rect{row.x, row.y, 3, row.h}, kSettingsAccent);
   } else if (hovered) {
-    FillRect(renderer, row, kHoverFill);
+    FillRect(renderer, row, kSettingsHover);
   }
   DrawText(renderer, font, label, 22, CentredTextTop(row, font),
            selected ? kColTextHi : kColTextMid);
@@ -88,9 +85,13 @@ std::optional<int> FindNavPanelAt(const std::vector<NavItem>& nav_items, const S
 
 // What one frame's events have come to.
 struct FrameInput {
-  std::optional<SDL_Point> page_click;  // The last press that neither button nor list took.
+  bool page_clicked = false;  // A press on the page, whatever the later ones hit.
   bool closing = false;
 };
+
+bool IsInPageArea(int x, int y) {
+  return x > kListWidth && y < kBarTop;
+}
 
 void HandleSettingsPress(const SDL_Point& point, const ApplyCallback& apply,
                          SettingsDialogSession* session, FrameInput* input) {
@@ -106,7 +107,9 @@ void HandleSettingsPress(const SDL_Point& point, const ApplyCallback& apply,
     session->panel_id = *panel_id;
     return;
   }
-  input->page_click = point;
+  if (IsInPageArea(point.x, point.y)) {
+    input->page_clicked = true;
+  }
 }
 
 // Key and mouse events count only when they name the dialog's own window.
@@ -135,10 +138,6 @@ FrameInput HandleSettingsEvents(const ApplyCallback& apply, ModalEventQueue* eve
 
 // --- Frame ---------------------------------------------------------------------------------------
 
-bool IsInPageArea(int x, int y) {
-  return x > kListWidth && y < kBarTop;
-}
-
 RightPanelContext BuildRightPanelContext(const SettingsDialogSession& session,
                                          const ModalPointer& pointer, const FrameInput& input) {
   RightPanelContext ctx;
@@ -148,7 +147,7 @@ RightPanelContext BuildRightPanelContext(const SettingsDialogSession& session,
   ctx.panel_id = session.panel_id;
   ctx.mouse_x = pointer.x;
   ctx.mouse_y = pointer.y;
-  ctx.clicked = input.page_click && IsInPageArea(input.page_click->x, input.page_click->y);
+  ctx.clicked = input.page_clicked;
   ctx.mouse_down = pointer.left_down && IsInPageArea(pointer.x, pointer.y);
   ctx.values = &session.values;
   return ctx;
@@ -243,7 +242,9 @@ void RunSettingsDialogLoop(SettingsDialogSession* session,
   ModalEventQueue events(session->window);
   while (true) {
     PumpModalDialogHeartbeat();
-    // Before the events: "held" and "hovered" are as the frame found them.
+    // Before the events: "held" and "hovered" are as the frame found them. But not before the
+    // pointer has come to where the next press was made.
+    SDL_PumpEvents();
     const ModalPointer pointer = ReadModalPointer(session->window);
     const FrameInput input = HandleSettingsEvents(apply, &events, session);
     if (input.closing) {
@@ -291,7 +292,7 @@ void DrawLeftPanel(SDL_Renderer* renderer, TTF_Font* bold_font, TTF_Font* regula
     }
     ++index;
   }
-  DrawLine(renderer, kListWidth, 0, kListWidth, kBarTop, kSeparator);
+  DrawLine(renderer, kListWidth, 0, kListWidth, kBarTop, kSettingsGroove);
 }
 
 int DrawPanelHeader(SDL_Renderer* renderer, TTF_Font* bold_font, TTF_Font* regular_font, int x,
@@ -310,7 +311,7 @@ int DrawPanelHeader(SDL_Renderer* renderer, TTF_Font* bold_font, TTF_Font* regul
 void DrawBottomBar(SDL_Renderer* renderer, TTF_Font* regular_font, const SDL_Rect& cancel,
                    const SDL_Rect& apply, int mouse_x, int mouse_y) {
   FillRect(renderer, SDL_Rect{0, kBarTop, kCanvasWidth, kCanvasHeight - kBarTop}, kBarFill);
-  DrawLine(renderer, 0, kBarTop, kCanvasWidth, kBarTop, kSeparator);
+  DrawLine(renderer, 0, kBarTop, kCanvasWidth, kBarTop, kSettingsGroove);
   DrawButton(renderer, regular_font, cancel, "Cancel", IsInRect(mouse_x, mouse_y, cancel));
   DrawButton(renderer, regular_font, apply, "Apply", IsInRect(mouse_x, mouse_y, apply));
 }

@@ -6,6 +6,7 @@
 #include "frontend/gui/float_text.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
+#include "frontend/gui/settings_style.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -13,12 +14,8 @@ namespace {
 constexpr SDL_Color kButtonFill{48, 54, 68, 255};
 constexpr SDL_Color kButtonHoverFill{68, 76, 92, 255};
 constexpr SDL_Color kButtonBorder{84, 92, 108, 255};
-constexpr SDL_Color kRowHoverFill{40, 46, 60, 255};
 constexpr SDL_Color kFrame{100, 108, 122, 255};
-constexpr SDL_Color kAccent{106, 166, 255, 255};
-constexpr SDL_Color kSliderTrack{52, 58, 70, 255};
 
-constexpr int kMissingFontHeight = 16;
 constexpr int kLabelIndent = 26;  // From a circle's or box's left edge to its label.
 constexpr int kRowIndent = 4;     // How far the row highlight reaches left of the control.
 constexpr int kRowWidth = 583;
@@ -56,13 +53,13 @@ void DrawDisc(SDL_Renderer* renderer, int cx, int cy, int radius, SDL_Color colo
 void DrawRadioRow(SDL_Renderer* renderer, TTF_Font* font, int x, int top, const RadioOption& option,
                   bool selected, bool hovered) {
   if (hovered) {
-    FillRect(renderer, SDL_Rect{x - kRowIndent, top, kRowWidth, kRadioRowHeight}, kRowHoverFill);
+    FillRect(renderer, SDL_Rect{x - kRowIndent, top, kRowWidth, kRadioRowHeight}, kSettingsHover);
   }
   const int centre_x = x + kRadioRadius;
   const int centre_y = top + kRadioCentreY;
   DrawRing(renderer, centre_x, centre_y, kRadioRadius, kRadioHole, kFrame);
   if (selected) {
-    DrawDisc(renderer, centre_x, centre_y, kRadioDot, kAccent);
+    DrawDisc(renderer, centre_x, centre_y, kRadioDot, kSettingsAccent);
   }
   DrawText(renderer, font, option.label, x + kLabelIndent,
            centre_y - FontHeightOr(font, kMissingFontHeight) / 2,
@@ -71,9 +68,9 @@ void DrawRadioRow(SDL_Renderer* renderer, TTF_Font* font, int x, int top, const 
 
 // The tick has the colour of the square under it on purpose: a checked box is a filled one.
 void DrawCheckMark(SDL_Renderer* renderer, int x, int y) {
-  FillRect(renderer, SDL_Rect{x + 3, y + 3, 10, 10}, kAccent);
-  DrawLine(renderer, x + 3, y + 8, x + 6, y + 11, kAccent);
-  DrawLine(renderer, x + 6, y + 11, x + 12, y + 4, kAccent);
+  FillRect(renderer, SDL_Rect{x + 3, y + 3, 10, 10}, kSettingsAccent);
+  DrawLine(renderer, x + 3, y + 8, x + 6, y + 11, kSettingsAccent);
+  DrawLine(renderer, x + 6, y + 11, x + 12, y + 4, kSettingsAccent);
 }
 
 // `value` limited to low .. high; `low` for what is no number, so that no such value is ever
@@ -96,12 +93,12 @@ void DrawSliderBar(SDL_Renderer* renderer, TTF_Font* font, const SliderTrack& tr
                    double fraction, const std::string& label) {
   const int top = track.y + kSliderTrackTop;
   const int filled = static_cast<int>(fraction * track.width);
-  FillRect(renderer, SDL_Rect{track.x, top, track.width, kSliderTrackHeight}, kSliderTrack);
+  FillRect(renderer, SDL_Rect{track.x, top, track.width, kSliderTrackHeight}, kSettingsGroove);
   if (filled > 0) {
-    FillRect(renderer, SDL_Rect{track.x, top, filled, kSliderTrackHeight}, kAccent);
+    FillRect(renderer, SDL_Rect{track.x, top, filled, kSliderTrackHeight}, kSettingsAccent);
   }
   const int centre_y = track.y + kSliderCentreY;
-  DrawDisc(renderer, track.x + filled, centre_y, kKnobRadius, kAccent);
+  DrawDisc(renderer, track.x + filled, centre_y, kKnobRadius, kSettingsAccent);
   DrawText(renderer, font, label, track.x + track.width + 12,
            centre_y - FontHeightOr(font, kMissingFontHeight) / 2, kColTextMid);
 }
@@ -180,7 +177,7 @@ bool DrawCheckbox(SDL_Renderer* renderer, TTF_Font* font, int x, int y, bool che
   const SDL_Rect row{x - kRowIndent, y - 5, kRowWidth, std::max(font_height, kCheckboxSize) + 10};
   const bool hovered = IsInRect(mouse_x, mouse_y, row);
   if (hovered) {
-    FillRect(renderer, row, kRowHoverFill);
+    FillRect(renderer, row, kSettingsHover);
   }
   OutlineRect(renderer, SDL_Rect{x, y, kCheckboxSize, kCheckboxSize}, kFrame);
   if (checked) {
