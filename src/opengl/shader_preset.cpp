@@ -105,6 +105,12 @@ std::string ReadPreset(const fs::path& path) {
   return text;
 }
 
+// Some editors begin a file with a byte-order mark, which belongs to no line.
+std::string_view WithoutByteOrderMark(std::string_view text) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  return text.starts_with(kMark) ? text.substr(kMark.size()) : text;
+}
+
 }  // namespace
 
 std::string ResolveGlslpFirstPass(const std::string& presetPath) {
@@ -114,7 +120,7 @@ std::string ResolveGlslpFirstPass(const std::string& presetPath) {
          std::find(visited.begin(), visited.end(), preset.lexically_normal()) == visited.end()) {
     visited.push_back(preset.lexically_normal());
     const std::string text = ReadPreset(preset);
-    const PresetSources sources = FindSources(text);
+    const PresetSources sources = FindSources(WithoutByteOrderMark(text));
     if (sources.first_pass) {
       return ResolveFileName(preset.parent_path(), *sources.first_pass);
     }
