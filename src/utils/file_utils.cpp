@@ -4,8 +4,6 @@
 #include <cstddef>
 #include <utility>
 
-#include "utils/large_pages.h"
-
 #if defined(_WIN32)
 #include <fstream>
 #include <system_error>
@@ -113,7 +111,6 @@ ReadOutcome ReadRegularFile(const std::filesystem::path& path, std::string& byte
     return ReadOutcome::CannotRead;
   }
   bytes.reserve(static_cast<std::size_t>(status.st_size));
-  prefer_large_pages(bytes.data(), bytes.capacity());
   return ReadToEnd(file, bytes) ? ReadOutcome::Done : ReadOutcome::CannotRead;
 }
 

@@ -5,11 +5,8 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
-#include <cmath>
 #include <cstddef>
 #include <cstdlib>
-
-#include "utils/ascii_text.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -61,54 +58,7 @@ Conversion ConvertPrefix(const std::string& text) {
   return conversion;
 }
 
-bool IsSign(char c) {
-  return c == '+' || c == '-';
-}
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
-bool IsExponentMark(char c) {
-  return c == 'e' || c == 'E';
-}
-
-// The bytes that extraction gathers from the front of `text` before it converts them.
-std::size_t ExtractionLength(std::string_view text) {
-  const auto sign_at = [text](std::size_t i) { return i < text.size() && IsSign(text[i]); };
-  bool digit_seen = false;
-  bool point_seen = false;
-  bool exponent_seen = false;
-  std::size_t i = sign_at(0) ? 1 : 0;
-  for (; i < text.size(); ++i) {
-    const char c = text[i];
-    if (IsDigit(c)) {
-      digit_seen = true;
-    } else if (c == '.' && !point_seen && !exponent_seen) {
-      point_seen = true;
-    } else if (IsExponentMark(c) && digit_seen && !exponent_seen) {
-      exponent_seen = true;
-      i += sign_at(i + 1) ? std::size_t{1} : 0;
-    } else {
-      break;
-    }
-  }
-  return i;
-}
-
 }  // namespace
-
-std::optional<float> ExtractFloat(std::string_view* text) {
-  *text = utils::trim_leading_space(*text);
-  const std::string gathered(text->substr(0, ExtractionLength(*text)));
-  text->remove_prefix(gathered.size());
-  const Conversion conversion = ConvertPrefix(gathered);
-  const bool complete = !gathered.empty() && conversion.length == gathered.size();
-  if (!complete || std::isinf(conversion.value)) {
-    return std::nullopt;
-  }
-  return conversion.value;
-}
 
 std::optional<float> ParseFloatPrefix(const std::string& text) {
   const Conversion conversion = ConvertPrefix(text);

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <locale>
 #include <optional>
+#include <sstream>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -14,7 +16,6 @@
 #include "opengl/shader_preset.h"
 #include "utils/ascii_text.h"
 #include "utils/file_utils.h"
-#include "utils/large_pages.h"
 #include "utils/string_utils.h"
 
 namespace quindle::frontend::gui {
@@ -85,15 +86,12 @@ std::optional<std::string_view> TakeQuoted(std::string_view* rest) {
   return quoted;
 }
 
+// With a decimal point, whatever locale the host has set.
 bool ExtractNumbers(std::string_view rest, ShaderParameterSpec* spec) {
-  for (float* number : {&spec->default_value, &spec->min_value, &spec->max_value, &spec->step}) {
-    const std::optional<float> extracted = ExtractFloat(&rest);
-    if (!extracted) {
-      return false;
-    }
-    *number = *extracted;
-  }
-  return true;
+  std::istringstream numbers{std::string(rest)};
+  numbers.imbue(std::locale::classic());
+  numbers >> spec->default_value >> spec->min_value >> spec->max_value >> spec->step;
+  return !numbers.fail();
 }
 
 void NormaliseSpec(ShaderParameterSpec* spec) {
@@ -124,16 +122,6 @@ std::optional<ShaderParameterSpec> ParseDeclaration(std::string_view line) {
   spec.label = *label;
   NormaliseSpec(&spec);
   return spec;
-}
-
-// The lines that may be declarations. A vector that grows step by step would cost a long file more
-// than this first look at its lines.
-std::size_t CountDeclarationLines(std::string_view contents) {
-  std::size_t count = 0;
-  while (!contents.empty()) {
-    count += DeclarationOnLine(utils::take_line(&contents)) ? 1U : 0U;
-  }
-  return count;
 }
 
 // --- Preset overrides ----------------------------------------------------------------------------
@@ -224,8 +212,6 @@ std::vector<ShaderParameterSpec> ParseShaderParameterSpecs(const std::string& pa
   if (!contents) {
     return specs;
   }
-  specs.reserve(CountDeclarationLines(*contents));
-  utils::prefer_large_pages(specs.data(), specs.capacity() * sizeof(ShaderParameterSpec));
   std::string_view rest = *contents;
   while (!rest.empty()) {
     std::optional<ShaderParameterSpec> spec = ParseDeclaration(utils::take_line(&rest));
