@@ -172,41 +172,16 @@ void RunSettingsFrame(const ModalPointer& pointer, const FrameInput& input,
 
 // --- Opening -------------------------------------------------------------------------------------
 
-// The handles of an open dialog. The fonts are closed before the window.
-struct SettingsDialogHandles {
-  ModalWindowBundle bundle;
-  OwnedTtfFont bold_font;
-  OwnedTtfFont regular_font;
-};
-
-// Nothing, with nothing left open, when a handle could not be had; missing fonts are said to the
-// user.
-std::optional<SettingsDialogHandles> OpenSettingsDialog(SDL_Window* parent) {
-  SettingsDialogHandles handles;
-  handles.bundle = CreateModalWindowBundle(parent, "Settings", 60, 50, kCanvasWidth, kCanvasHeight,
-                                           SDL_WINDOW_HIDDEN, ModalRendererMode::Software);
-  if (handles.bundle.window == nullptr || handles.bundle.renderer == nullptr) {
-    return std::nullopt;
-  }
-  handles.bold_font = OpenSdlUiFontHandle(kFontSize, true, SdlUiFontKind::Ui);
-  handles.regular_font = OpenSdlUiFontHandle(kFontSize, false, SdlUiFontKind::Ui);
-  if (handles.bold_font == nullptr || handles.regular_font == nullptr) {
-    SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, "Settings", "Failed to load font.", parent);
-    return std::nullopt;
-  }
-  return handles;
-}
-
-// Works in the handles' window; the fonts go over to the session.
-SettingsDialogSession BuildSettingsSession(SettingsDialogHandles* handles,
+// The fonts belong to the session; the window and the list are borrowed.
+SettingsDialogSession BuildSettingsSession(const ModalWindowBundle& bundle,
                                            const std::vector<NavItem>& nav_items,
                                            const SettingsDialogValues& initial) {
   const SettingsDialogButtons buttons = BuildSettingsDialogButtons();
   SettingsDialogSession session;
-  session.window = handles->bundle.window.get();
-  session.renderer = handles->bundle.renderer.get();
-  session.bold_font = std::move(handles->bold_font);
-  session.regular_font = std::move(handles->regular_font);
+  session.window = bundle.window.get();
+  session.renderer = bundle.renderer.get();
+  session.bold_font = OpenSdlUiFontHandle(kFontSize, true, SdlUiFontKind::Ui);
+  session.regular_font = OpenSdlUiFontHandle(kFontSize, false, SdlUiFontKind::Ui);
   session.nav_items = &nav_items;
   session.cancel_button = buttons.cancel;
   session.apply_button = buttons.apply;
@@ -220,17 +195,23 @@ SettingsDialogSession BuildSettingsSession(SettingsDialogHandles* handles,
 void ShowSettingsDialog(SDL_Window* parent, float /*scale*/, const SettingsDialogValues& initial,
                         std::function<void(const SettingsDialogValues&)> apply) {
   const ModalHostState host_state;
-  std::optional<SettingsDialogHandles> opened = OpenSettingsDialog(parent);
-  if (!opened) {
+  // In front of the window, so that the dialog's window is gone when the parent gets the focus
+  // back.
+  std::optional<ModalParentFocus> parent_focus;
+  const ModalWindowBundle bundle =
+      CreateModalWindowBundle(parent, "Settings", 60, 50, kCanvasWidth, kCanvasHeight,
+                              SDL_WINDOW_HIDDEN, ModalRendererMode::Software);
+  if (bundle.window == nullptr || bundle.renderer == nullptr) {
     return;
   }
-  const ModalParentFocus parent_focus(parent);
-  // Moved behind the guard, so that the window is gone before the focus goes back.
-  SettingsDialogHandles handles = std::move(*opened);
   const std::vector<NavItem> nav_items = BuildSettingsNavItems();
-  SettingsDialogSession session = BuildSettingsSession(&handles, nav_items, initial);
-  const ApplyCallback callback = std::move(apply);
-  RunSettingsDialogLoop(&session, callback);
+  SettingsDialogSession session = BuildSettingsSession(bundle, nav_items, initial);
+  if (session.bold_font == nullptr || session.regular_font == nullptr) {
+    SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, "Settings", "Failed to load font.", parent);
+    return;
+  }
+  parent_focus.emplace(parent);
+  RunSettingsDialogLoop(&session, apply);
 }
 
 void RunSettingsDialogLoop(SettingsDialogSession* session,
