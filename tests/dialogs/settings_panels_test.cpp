@@ -378,15 +378,22 @@ TEST_F(SettingsFontModePage, PathThatEndsInASeparatorHasNoNameToShow) {
   EXPECT_THAT(drawn_.Texts(), SizeIs(9));
 }
 
-TEST_F(SettingsFontModePage, LongFileNameStopsShortOfTheButton) {
+TEST_F(SettingsFontModePage, LongFileNameIsDrawnWholeAndClippedAtTheButton) {
   values_.font_mode = "ttf-custom";
-  values_.custom_font_path = "/fonts/" + std::string(200, 'W') + ".ttf";
+  const std::string name = std::string(200, 'W') + ".ttf";
+  values_.custom_font_path = "/fonts/" + name;
   Draw(Page(kFontMode));
-  const DrawCall* name = drawn_.FindTextContaining("WWW");
-  ASSERT_NE(name, nullptr);
-  EXPECT_LE(name->rect.x + name->rect.w, 712 - 8);
-  EXPECT_GT(name->rect.x + name->rect.w, 712 - 8 - 40);
-  EXPECT_THAT(name->text, ::testing::EndsWith("..."));
+  const DrawCall* drawn = drawn_.FindText(name);
+  ASSERT_NE(drawn, nullptr);
+  EXPECT_EQ(drawn->rect.x, 247);
+  EXPECT_EQ(drawn->rect.y, top() + 136 + 14);
+  EXPECT_EQ(drawn->color, kMiddle);
+  ASSERT_TRUE(drawn->clip.has_value());
+  EXPECT_EQ(drawn->clip->x + drawn->clip->w, 712);
+  EXPECT_LE(drawn->clip->x, 247);
+  EXPECT_LE(drawn->clip->y, drawn->rect.y);
+  EXPECT_GE(drawn->clip->y + drawn->clip->h, drawn->rect.y + drawn->rect.h);
+  EXPECT_EQ(drawn_.FindText("Browse...")->clip, std::nullopt);
 }
 
 TEST_F(SettingsFontModePage, ClickOnAModeReportsIt) {

@@ -23,18 +23,16 @@ const std::vector<RadioOption>& FontModeOptions() {
   return options;
 }
 
-// The name of the chosen font file, shortened where it would run into the button beside it.
+// The name of the chosen font file, clipped at `right`.
 void DrawFontFileLabel(const RightPanelContext& ctx, int y, int right) {
-  constexpr int kGap = 8;
   const std::string& path = ctx.values->custom_font_path;
   if (path.empty()) {
     DrawNote(ctx, y, "(no file selected)");
     return;
   }
   const std::string name = DrawableText(utils::filename_from_path(path));
-  DrawText(ctx.renderer, ctx.regular_font,
-           FitTextLeft(ctx.regular_font, name, right - kGap - kSettingsContentX), kSettingsContentX,
-           y, kColTextMid);
+  DrawTextStartVisible(ctx.renderer, ctx.regular_font, name, kSettingsContentX, y, right,
+                       kColTextMid);
 }
 
 void DrawCustomFontChoice(const RightPanelContext& ctx, int y, RightPanelHitResult* hit) {

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <utility>
+#include <string_view>
 
+#include "frontend/gui/drawable_text.h"
 #include "frontend/gui/float_text.h"
 #include "frontend/gui/numbers.h"
 #include "frontend/gui/sdl_draw.h"
@@ -333,12 +334,18 @@ class ScopedBlending {
   SDL_BlendMode former_ = SDL_BLENDMODE_NONE;
 };
 
+// Bytes of a file as text. A file may hold a label of megabytes: no window has room for so much.
+std::string ShownText(std::string_view bytes) {
+  constexpr std::size_t kMostBytes = 4096;
+  return DrawableText(bytes.substr(0, kMostBytes));
+}
+
 void DrawHeader(const ShaderDialogSession& session, int width) {
   FillRect(session.renderer, SDL_Rect{0, 0, width, kHeaderHeight}, kHeaderFill);
   DrawShaderDialogText(session.renderer, session.header_font, "Shader parameters:", kMarginX, 4,
                        kSecondaryText);
-  DrawTextEndVisible(session.renderer, session.detail_font, session.shader_path, kMarginX, 18,
-                     width, kPrimaryText);
+  DrawTextStartVisible(session.renderer, session.detail_font, ShownText(session.shader_path),
+                       kMarginX, 18, width, kPrimaryText);
 }
 
 void DrawCard(SDL_Renderer* renderer, const SDL_Rect& card) {
@@ -380,11 +387,12 @@ void DrawCardText(const ShaderDialogSession& session, const SDL_Rect& card, cons
   DrawShaderDialogText(session.renderer, session.detail_font, text, x, card.y + offset_y, color);
 }
 
+// A cut label keeps its distance from the value, whose digits it would seem to continue.
 void DrawLabel(const ShaderDialogSession& session, const SDL_Rect& card, const std::string& label) {
   const ShaderDialogGeometry& geometry = *session.geometry;
-  const int room = geometry.detail_x - kLabelGap - geometry.label_x;
-  DrawCardText(session, card, FitTextLeft(session.detail_font, label, room), geometry.label_x, 5,
-               kPrimaryText);
+  const int right = std::min(geometry.detail_x - kLabelGap, card.x + card.w);
+  DrawTextStartVisible(session.renderer, session.detail_font, ShownText(label), geometry.label_x,
+                       card.y + 5, right, kPrimaryText);
 }
 
 void DrawRow(const ShaderDialogSession& session, int row, int width) {
@@ -569,8 +577,7 @@ ShaderDialogResult ShowShaderParameterDialog(SDL_Window* parent, const std::stri
                "No #pragma parameter lines were found in the selected shader file.");
     return result;
   }
-  const ShaderApplyCallback apply = std::move(on_apply);
-  EditValues(parent, shader_path, specs, apply, &result);
+  EditValues(parent, shader_path, specs, on_apply, &result);
   return result;
 }
 
