@@ -263,10 +263,11 @@ SDL_bool SDL_GetWindowWMInfo(SDL_Window* window, SDL_SysWMinfo* info) {
   return EnterCall(slot, window) ? SDL_FALSE : real(window, info);
 }
 
-QUINDLE_WRAP_SLOT(SDL_GetWindowData, true)
+QUINDLE_WRAP_SLOT(SDL_GetWindowData, false)
 void* SDL_GetWindowData(SDL_Window* window, const char* name) {
   QUINDLE_REAL(SDL_GetWindowData);
-  return EnterCall(slot, window) ? nullptr : real(window, name);
+  EnterCall(slot, window);
+  return real(window, name);
 }
 
 QUINDLE_WRAP_SLOT(SDL_SetWindowData, true)

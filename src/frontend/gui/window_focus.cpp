@@ -12,6 +12,13 @@ void RaiseAndFocus(SDL_Window* window, const X11ErrorTrap& trap) {
   SDL_SetWindowInputFocus(window);
 }
 
+bool IsSameOrModalFor(SDL_Window* window, SDL_Window* other) {
+  while (window != nullptr && window != other) {
+    window = FindX11ModalParent(window);
+  }
+  return window != nullptr;
+}
+
 }  // namespace
 
 void ShowFocusedWindow(SDL_Window* window) {
@@ -26,13 +33,19 @@ void FocusShownWindow(SDL_Window* window) {
 }
 
 void KeepFocusOnWindow(SDL_Window* window) {
-  SDL_Window* const focused = SDL_GetKeyboardFocus();
-  if (focused == nullptr || focused == window || !IsX11WindowModalFor(window, focused)) {
+  SDL_Window* rival = SDL_GetKeyboardFocus();
+  if (rival == window || FindX11ModalParent(window) == nullptr) {
+    return;
+  }
+  if (rival == nullptr) {
+    rival = SDL_GetMouseFocus();
+  }
+  if (rival == nullptr || !IsSameOrModalFor(window, rival)) {
     return;
   }
   // SDL hears of a focus late: what it names may be how things were before the dialog came.
   const X11ErrorTrap trap(window);
-  if (trap.IsViewableWhileOtherHasFocus(focused)) {
+  if (trap.CanTakeFocusFrom(rival)) {
     RaiseAndFocus(window, trap);
   }
 }

@@ -66,15 +66,15 @@ void X11ErrorTrap::WaitUntilViewable() const {
   }
 }
 
-bool X11ErrorTrap::IsViewableWhileOtherHasFocus(SDL_Window* other) const {
+bool X11ErrorTrap::CanTakeFocusFrom(SDL_Window* rival) const {
   if (!x11_ || MapState() != IsViewable) {
     return false;
   }
   Window focused = 0;
   int revert_to = 0;
   x11_->library.get_input_focus(x11_->handle.display, &focused, &revert_to);
-  const std::optional<X11Handle> handle = FindX11Handle(other);
-  return handle && handle->window == focused;
+  const std::optional<X11Handle> handle = FindX11Handle(rival);
+  return handle && (focused == handle->window || focused == PointerRoot);
 }
 
 #else
@@ -82,7 +82,7 @@ bool X11ErrorTrap::IsViewableWhileOtherHasFocus(SDL_Window* other) const {
 X11ErrorTrap::X11ErrorTrap(SDL_Window* /*window*/) {}
 X11ErrorTrap::~X11ErrorTrap() = default;
 void X11ErrorTrap::WaitUntilViewable() const {}
-bool X11ErrorTrap::IsViewableWhileOtherHasFocus(SDL_Window* /*other*/) const {
+bool X11ErrorTrap::CanTakeFocusFrom(SDL_Window* /*rival*/) const {
   return false;
 }
 

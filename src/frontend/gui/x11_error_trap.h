@@ -29,8 +29,9 @@ class X11ErrorTrap {
   // as nothing promises that it ever will be.
   void WaitUntilViewable() const;
 
-  // Whether the window is on the screen and `other` has the keyboard. False outside X11.
-  bool IsViewableWhileOtherHasFocus(SDL_Window* other) const;
+  // Whether the window is on the screen while `rival` has the keyboard, or while the keys go
+  // wherever the pointer is. False outside X11.
+  bool CanTakeFocusFrom(SDL_Window* rival) const;
 
  private:
 #if defined(SDL_VIDEO_DRIVER_X11)

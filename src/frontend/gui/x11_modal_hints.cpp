@@ -29,12 +29,8 @@ X11DialogWindowType::~X11DialogWindowType() {
   }
 }
 
-bool IsX11WindowModalFor(SDL_Window* window, SDL_Window* other) {
-  SDL_Window* parent = window;
-  do {
-    parent = static_cast<SDL_Window*>(SDL_GetWindowData(parent, kModalFor));
-  } while (parent != nullptr && parent != other);
-  return parent != nullptr;
+SDL_Window* FindX11ModalParent(SDL_Window* window) {
+  return static_cast<SDL_Window*>(SDL_GetWindowData(window, kModalFor));
 }
 
 #if defined(SDL_VIDEO_DRIVER_X11)

@@ -33,7 +33,7 @@ class X11DialogWindowType {
 // window anew for its renderer.
 void MarkX11WindowModal(SDL_Window* window, SDL_Window* parent);
 
-// Whether `other` is the window that `window` was marked modal for, or what that is modal for.
-bool IsX11WindowModalFor(SDL_Window* window, SDL_Window* other);
+// The parent that `window` was marked modal for; null when it was not marked.
+SDL_Window* FindX11ModalParent(SDL_Window* window);
 
 }  // namespace quindle::frontend::gui
