@@ -26,8 +26,6 @@ void ShutDown() {
 }
 
 void ChooseDrivers(VideoChoice video) {
-  // Otherwise the software renderer presents through OpenGL, which costs some 90 MB.
-  SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
   if (video == VideoChoice::Memory) {
     SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "dummy", SDL_HINT_OVERRIDE);
     return;
@@ -45,6 +43,16 @@ bool FellBackToNoDisplay() {
   const char* asked_for = SDL_GetHint(SDL_HINT_VIDEODRIVER);
   const char* driver = SDL_GetCurrentVideoDriver();
   return asked_for == nullptr && driver != nullptr && std::string_view(driver) == "offscreen";
+}
+
+// Otherwise the software renderer presents through OpenGL, which costs some 90 MB. Only on X11:
+// where a window system has no plain surfaces, as Wayland, this hint leaves no software renderer at
+// all.
+void PreferPlainWindowSurfaces() {
+  const char* driver = SDL_GetCurrentVideoDriver();
+  if (driver != nullptr && std::string_view(driver) == "x11") {
+    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+  }
 }
 
 void CheckDisplay() {
@@ -69,6 +77,7 @@ SdlSession::SdlSession(VideoChoice video) {
   try {
     ChooseDrivers(video);
     CheckDisplay();
+    PreferPlainWindowSurfaces();
     CheckFont();
   } catch (...) {
     ShutDown();

@@ -64,28 +64,6 @@ std::unique_ptr<ChildProcess> StartServer(std::string* name) {
   return server;
 }
 
-// The user's own settings must not decide what the window manager's keys do. It loses requests to
-// show a window that come while it starts, although it has announced itself by then; so it is asked
-// to leave a mark once it is through.
-std::unique_ptr<ChildProcess> StartWindowManager() {
-  constexpr const char* kMark = "_QUINDLE_WINDOW_MANAGER_READY";
-  const std::string leave_mark =
-      std::string("xprop -root -f ") + kMark + " 32c -set " + kMark + " 1";
-  auto manager = std::make_unique<ChildProcess>(
-      std::vector<std::string>{"openbox", "--sm-disable", "--config-file",
-                               "/etc/xdg/openbox/rc.xml", "--startup", leave_mark});
-  const bool ready = WaitUntil(
-      [&] {
-        const ProgramResult mark = RunProgram({"xprop", "-root", kMark});
-        return mark.out.find("= 1") != std::string::npos;
-      },
-      kPatience);
-  if (!ready) {
-    throw std::runtime_error("openbox does not manage the display: " + manager->Output().err);
-  }
-  return manager;
-}
-
 std::string WithoutLastLineFeed(std::string text) {
   if (!text.empty() && text.back() == '\n') {
     text.pop_back();
@@ -143,12 +121,14 @@ std::vector<X11WindowId> FindWindows(const std::string& title) {
 
 }  // namespace
 
-X11Display::X11Display()
+X11Display::X11Display(const std::vector<std::string>& window_manager)
     : former_display_(GetVariable("DISPLAY")), former_driver_(GetVariable("SDL_VIDEODRIVER")) {
   server_ = StartServer(&name_);
   PutVariable("DISPLAY", name_);
   PutVariable("SDL_VIDEODRIVER", "x11");
-  window_manager_ = StartWindowManager();
+  if (!window_manager.empty()) {
+    window_manager_ = std::make_unique<WindowManager>(window_manager);
+  }
 }
 
 X11Display::~X11Display() {
@@ -335,7 +315,11 @@ void X11Hands::Run() {
 std::unique_ptr<X11Display> X11DisplayTest::display_;
 
 void X11DisplayTest::SetUpTestSuite() {
-  display_ = std::make_unique<X11Display>();
+  StartDisplay({"openbox"});
+}
+
+void X11DisplayTest::StartDisplay(const std::vector<std::string>& window_manager) {
+  display_ = std::make_unique<X11Display>(window_manager);
 }
 
 void X11DisplayTest::TearDownTestSuite() {

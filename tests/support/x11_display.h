@@ -37,6 +37,7 @@
 
 #include "support/child_process.h"
 #include "support/wait_until.h"
+#include "support/window_manager.h"
 
 namespace quindle::testing {
 
@@ -49,23 +50,25 @@ class X11StepError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// An X server on a free display, 1280 x 1024 pixels of 24 bits, with the window manager openbox.
-/// While it lives, DISPLAY and SDL_VIDEODRIVER of this process name it.
+/// An X server on a free display, 1280 x 1024 pixels of 24 bits, with a window manager. While it
+/// lives, DISPLAY and SDL_VIDEODRIVER of this process name it.
 class X11Display {
  public:
   /// Starts both and waits until they answer. Throws std::runtime_error when one is missing.
-  X11Display();
+  /// `window_manager` is what WindowManager takes; without one when it is empty.
+  explicit X11Display(const std::vector<std::string>& window_manager = {"openbox"});
   ~X11Display();
   X11Display(const X11Display&) = delete;
   X11Display& operator=(const X11Display&) = delete;
 
   /// The display's name, for example ":3".
   [[nodiscard]] const std::string& Name() const { return name_; }
+  [[nodiscard]] const WindowManager& Manager() const { return *window_manager_; }
 
  private:
   std::string name_;
   std::unique_ptr<ChildProcess> server_;
-  std::unique_ptr<ChildProcess> window_manager_;
+  std::unique_ptr<WindowManager> window_manager_;
   std::optional<std::string> former_display_;
   std::optional<std::string> former_driver_;
 };
@@ -146,10 +149,12 @@ class X11Hands {
   std::thread thread_;
 };
 
-/// Tests of this fixture have a display; one serves all tests of the suite.
+/// Tests of this fixture have a display; one serves all tests of the suite. A fixture derived from
+/// it chooses the window manager in a SetUpTestSuite of its own.
 class X11DisplayTest : public ::testing::Test {
  public:
   static void SetUpTestSuite();
+  static void StartDisplay(const std::vector<std::string>& window_manager);
   static void TearDownTestSuite();
 
  protected:
@@ -159,6 +164,8 @@ class X11DisplayTest : public ::testing::Test {
     const X11Hands hands(std::move(steps));
     return show();
   }
+
+  static const WindowManager& Manager() { return display_->Manager(); }
 
  private:
   static std::unique_ptr<X11Display> display_;

@@ -1,0 +1,249 @@
+// A window that is mapped in a frame that is not shown yet, or no longer: X11 refuses it the focus,
+// and Xlib's own answer to that is the end of the program.
+
+#include <SDL.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+
+#include "frontend/gui/sdl_message_box.h"
+#include "frontend/gui/sdl_modal_runtime.h"
+#include "support/x11_display.h"
+
+// Last: Xlib's macros would break the headers above.
+#include "frontend/gui/x11_error_trap.h"
+
+namespace quindle::frontend::gui {
+namespace {
+
+using std::chrono::steady_clock;
+using ::testing::HasSubstr;
+using testing::PressKey;
+using testing::RunX11Tool;
+using testing::WaitForX11Focus;
+using testing::WaitForX11Step;
+using testing::WaitForX11Window;
+using testing::X11WindowId;
+using testing::X11WindowOf;
+
+constexpr const char* kTitle = "Overwrite?";
+constexpr int kCancelId = 8;
+constexpr int kNoChoice = -1;
+
+void PushQuit() {
+  SDL_Event quit{};
+  quit.type = SDL_QUIT;
+  SDL_PushEvent(&quit);
+}
+
+std::string MapStateOf(X11WindowId window) {
+  return RunX11Tool({"xwininfo", "-id", std::to_string(window)});
+}
+
+class SlowWindowManager : public testing::X11DialogTest {
+ protected:
+  static void Start(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), QUINDLE_SLOW_WINDOW_MANAGER);
+    StartDisplay(arguments);
+  }
+
+  int ShowAnd(const std::function<void()>& steps) {
+    SdlMessageBox::Config config;
+    config.title = kTitle;
+    config.message = "The image exists already.";
+    config.buttons = {{7, "Yes", true, false, {}}, {kCancelId, "No", false, true, {}}};
+    SdlMessageBox box(config);
+    return WhileShowing([&] { return box.Show(Parent(), 1.0F); }, steps);
+  }
+
+  // Hides the parent, and every other window, but leaves them mapped in their frames.
+  void HideParent() const {
+    kill(Manager().Id(), SIGUSR1);
+    WaitForX11Step("the parent is hidden", [this] {
+      return MapStateOf(ParentId()).find("IsUnviewable") != std::string::npos;
+    });
+  }
+};
+
+// --- A frame that comes late ---------------------------------------------------------------------
+
+class LateFrame : public SlowWindowManager {
+ public:
+  static void SetUpTestSuite() { Start({"200"}); }
+};
+
+TEST_F(LateFrame, DialogGetsTheFocus) {
+  EXPECT_EQ(ShowAnd([] {
+              WaitForX11Focus(WaitForX11Window(kTitle));
+              PressKey("Escape");
+            }),
+            kCancelId);
+  testing::PumpX11Until("the host has the focus again",
+                        [this] { return testing::FocusedX11Window() == ParentId(); });
+}
+
+TEST_F(LateFrame, DialogHasTheFocusByItsSecondFrame) {
+  int frames = 0;
+  bool has_focus = false;
+  SetModalDialogHeartbeat([&] {
+    if (++frames == 2) {
+      has_focus = testing::FocusedX11Window() == WaitForX11Window(kTitle);
+      PushQuit();
+    }
+  });
+  ShowAnd([] {});
+  SetModalDialogHeartbeat({});
+  EXPECT_TRUE(has_focus);
+}
+
+TEST_F(LateFrame, KeyPressedBeforeTheFrameComesIsNotLost) {
+  EXPECT_EQ(ShowAnd([] {
+              WaitForX11Step("the window is made", [] {
+                return !testing::RunProgram({"xdotool", "search", "--name", kTitle}).out.empty();
+              });
+              PressKey("Escape");
+            }),
+            kCancelId);
+}
+
+TEST_F(LateFrame, ParentThatIsHiddenMeanwhileIsNoEnd) {
+  const auto start = steady_clock::now();
+  EXPECT_EQ(ShowAnd([this] {
+              WaitForX11Focus(WaitForX11Window(kTitle));
+              HideParent();
+              PushQuit();
+            }),
+            kNoChoice);
+  EXPECT_LT(steady_clock::now() - start, std::chrono::seconds(8));
+}
+
+TEST_F(LateFrame, FocusForAHiddenParentIsNoEnd) {
+  HideParent();
+  const auto start = steady_clock::now();
+  RestoreModalParentFocus(Parent());
+  SDL_PumpEvents();
+  EXPECT_LT(steady_clock::now() - start, std::chrono::seconds(2));
+}
+
+// SDL itself asks for the focus as soon as a window is mapped where it sees no window manager.
+class LateFrameOfAnOldWindowManager : public SlowWindowManager {
+ public:
+  static void SetUpTestSuite() { Start({"200", "--old"}); }
+};
+
+TEST_F(LateFrameOfAnOldWindowManager, DialogGetsTheFocus) {
+  EXPECT_EQ(ShowAnd([] {
+              WaitForX11Focus(WaitForX11Window(kTitle));
+              PressKey("Escape");
+            }),
+            kCancelId);
+}
+
+// --- A frame that never comes --------------------------------------------------------------------
+
+class MissingFrame : public SlowWindowManager {
+ public:
+  static void SetUpTestSuite() { Start({"-1"}); }
+};
+
+TEST_F(MissingFrame, DialogRunsAndCanBeEnded) {
+  int frames = 0;
+  SetModalDialogHeartbeat([&frames] {
+    if (++frames == 5) {
+      PushQuit();
+    }
+  });
+  const auto start = steady_clock::now();
+  EXPECT_EQ(ShowAnd([] {}), kNoChoice);
+  SetModalDialogHeartbeat({});
+  EXPECT_EQ(frames, 5);
+  EXPECT_LT(steady_clock::now() - start, std::chrono::seconds(3));
+}
+
+// --- Who hears of an error -----------------------------------------------------------------------
+
+int g_errors_heard = 0;
+int Hear(Display* /*display*/, XErrorEvent* /*error*/) {
+  ++g_errors_heard;
+  return 0;
+}
+
+class ErrorTrap : public LateFrame {
+ protected:
+  void SetUp() override {
+    LateFrame::SetUp();
+    g_errors_heard = 0;
+    former_ = XSetErrorHandler(&Hear);
+    own_ = FindX11Handle(Parent())->display;
+  }
+  void TearDown() override {
+    XSetErrorHandler(former_);
+    LateFrame::TearDown();
+  }
+
+  static void MakeError(Display* display) { XMapWindow(display, 1); }  // There is no such window.
+
+  Display* own_ = nullptr;
+
+ private:
+  XErrorHandler former_ = nullptr;
+};
+
+TEST_F(ErrorTrap, PassesOverErrorsOfSdlsConnectionWhileItLives) {
+  {
+    const X11ErrorTrap trap(Parent());
+    MakeError(own_);
+    XSync(own_, False);
+    MakeError(own_);
+  }
+  XSync(own_, False);
+  EXPECT_EQ(g_errors_heard, 0);
+}
+
+TEST_F(ErrorTrap, LeavesEarlierAndLaterErrorsToTheHostsHandler) {
+  MakeError(own_);
+  { const X11ErrorTrap trap(Parent()); }
+  EXPECT_EQ(g_errors_heard, 1);
+  MakeError(own_);
+  XSync(own_, False);
+  EXPECT_EQ(g_errors_heard, 2);
+}
+
+TEST_F(ErrorTrap, LeavesErrorsOfOtherConnectionsToTheHostsHandler) {
+  Display* const other = XOpenDisplay(nullptr);
+  {
+    const X11ErrorTrap trap(Parent());
+    MakeError(other);
+    XSync(other, False);
+  }
+  EXPECT_EQ(g_errors_heard, 1);
+  XCloseDisplay(other);
+}
+
+TEST_F(ErrorTrap, InsideAnotherLeavesTheOuterOneInForce) {
+  {
+    const X11ErrorTrap outer(Parent());
+    { const X11ErrorTrap inner(Parent()); }
+    MakeError(own_);
+    XSync(own_, False);
+    EXPECT_EQ(g_errors_heard, 0);
+  }
+  MakeError(own_);
+  XSync(own_, False);
+  EXPECT_EQ(g_errors_heard, 1);
+}
+
+TEST_F(ErrorTrap, DialogLeavesTheHostsHandlerInForce) {
+  ShowAnd([] {
+    WaitForX11Focus(WaitForX11Window(kTitle));
+    PressKey("Escape");
+  });
+  EXPECT_EQ(XSetErrorHandler(&Hear), &Hear);
+}
+
+}  // namespace
+}  // namespace quindle::frontend::gui
