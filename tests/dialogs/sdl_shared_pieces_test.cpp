@@ -184,6 +184,86 @@ TEST_F(ModalFrame, GuardsActAtTheEndOfTheirScope) {
                           "SDL_SetWindowInputFocus"));
 }
 
+// --- A place on the display ----------------------------------------------------------------------
+
+class DialogPlace : public ModalFrame {
+ protected:
+  void SetUp() override {
+    ModalFrame::SetUp();
+    ASSERT_EQ(SDL_GetDisplayUsableBounds(0, &usable_), 0);
+  }
+
+  // Where a dialog of 200 x 100 pixels is once it was shown at (x, y).
+  SDL_Point ShowAt(int x, int y) {
+    SDL_SetWindowPosition(bundle_.window.get(), x, y);
+    Recorder().ForgetCalls();
+    bool shown = false;
+    PresentModalFrame(bundle_.window.get(), bundle_.renderer.get(), &shown);
+    SDL_Point place{};
+    SDL_GetWindowPosition(bundle_.window.get(), &place.x, &place.y);
+    return place;
+  }
+
+  SDL_Rect usable_{};
+};
+
+TEST_F(DialogPlace, ReachingBeyondTheUsableAreaIsMovedOntoIt) {
+  const int right = usable_.x + usable_.w;
+  const int bottom = usable_.y + usable_.h;
+  for (const char* driver : {"x11", "windows", "cocoa"}) {
+    Recorder().SetVideoDriver(driver);
+    EXPECT_EQ(ShowAt(right - 199, bottom - 99), (SDL_Point{right - 200, bottom - 100})) << driver;
+    EXPECT_EQ(ShowAt(right + 50, 20), (SDL_Point{right - 200, 20})) << driver;
+    EXPECT_EQ(ShowAt(usable_.x - 1, usable_.y - 300), (SDL_Point{usable_.x, usable_.y})) << driver;
+  }
+}
+
+TEST_F(DialogPlace, InsideTheUsableAreaIsLeftAlone) {
+  Recorder().SetVideoDriver("windows");
+  for (const SDL_Point at : {SDL_Point{usable_.x, usable_.y}, SDL_Point{40, 50},
+                             SDL_Point{usable_.x + usable_.w - 200, usable_.y + usable_.h - 100}}) {
+    EXPECT_EQ(ShowAt(at.x, at.y), at);
+    EXPECT_THAT(Recorder().CallsAmong({"SDL_SetWindowPosition"}), IsEmpty());
+  }
+}
+
+TEST_F(DialogPlace, LargerThanTheUsableAreaShowsItsTopLeftCorner) {
+  Recorder().SetVideoDriver("windows");
+  SDL_SetWindowSize(bundle_.window.get(), usable_.w + 100, usable_.h + 100);
+  EXPECT_EQ(ShowAt(70, 80), (SDL_Point{usable_.x, usable_.y}));
+}
+
+TEST_F(DialogPlace, IsMindedOnceOnly) {
+  Recorder().SetVideoDriver("windows");
+  bool shown = false;
+  PresentModalFrame(bundle_.window.get(), bundle_.renderer.get(), &shown);
+  SDL_SetWindowPosition(bundle_.window.get(), usable_.x + usable_.w, 20);
+  Recorder().ForgetCalls();
+  PresentModalFrame(bundle_.window.get(), bundle_.renderer.get(), &shown);
+  EXPECT_THAT(Recorder().CallsAmong({"SDL_SetWindowPosition"}), IsEmpty());
+}
+
+TEST_F(DialogPlace, IsNotMindedWithoutAScreenOrWherePlacesAreNotTheClients) {
+  const int right = usable_.x + usable_.w;
+  for (const char* driver : {"dummy", "offscreen", "wayland"}) {
+    Recorder().SetVideoDriver(driver);
+    EXPECT_EQ(ShowAt(right, 20), (SDL_Point{right, 20})) << driver;
+    EXPECT_THAT(Recorder().CallsAmong(
+                    {"SDL_SetWindowPosition", "SDL_PumpEvents", "SDL_GetDisplayUsableBounds"}),
+                IsEmpty());
+  }
+}
+
+TEST_F(DialogPlace, IsLeftAloneWhereTheDisplayIsUnknown) {
+  Recorder().SetVideoDriver("windows");
+  SDL_SetWindowPosition(bundle_.window.get(), 5000, 20);
+  Recorder().ForgetCalls();
+  Recorder().FailCall("SDL_GetDisplayUsableBounds");
+  bool shown = false;
+  PresentModalFrame(bundle_.window.get(), bundle_.renderer.get(), &shown);
+  EXPECT_THAT(Recorder().CallsAmong({"SDL_SetWindowPosition"}), IsEmpty());
+}
+
 // --- Points and rounding -------------------------------------------------------------------------
 
 TEST(PointInside, LeftAndTopEdgesAreInsideRightAndBottomAreNot) {

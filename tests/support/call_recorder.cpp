@@ -353,6 +353,10 @@ void CallRecorder::SetMeasureMode(MeasureMode mode) {
   State().measure_mode = mode;
 }
 
+void CallRecorder::SetVideoDriver(std::string name) {
+  State().video_driver = std::move(name);
+}
+
 void CallRecorder::SleepInDelay(bool sleep) {
   State().sleep_in_delay = sleep;
 }

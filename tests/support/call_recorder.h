@@ -188,6 +188,9 @@ class CallRecorder {
   void UseRealPointer();
   void SetDrawMode(DrawMode mode);
   void SetMeasureMode(MeasureMode mode);
+  // Answers SDL_GetCurrentVideoDriver, for what the library does on one system and not on another;
+  // nothing else is as on that system.
+  void SetVideoDriver(std::string name);
   // Whether SDL_Delay really sleeps; off after Reset.
   void SleepInDelay(bool sleep);
   // Called in SDL_Delay, the end of each frame; for tests that act without a heartbeat.

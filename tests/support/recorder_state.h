@@ -100,6 +100,7 @@ struct RecorderState {
   DrawMode draw_mode = DrawMode::Forwarded;
   MeasureMode measure_mode = MeasureMode::Real;
   bool sleep_in_delay = false;
+  std::optional<std::string> video_driver;
   std::function<void(Uint32)> on_delay;
 };
 

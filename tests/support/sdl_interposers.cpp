@@ -637,7 +637,11 @@ void SDL_Delay(Uint32 milliseconds) {
 QUINDLE_WRAP_SLOT(SDL_GetCurrentVideoDriver, true)
 const char* SDL_GetCurrentVideoDriver() {
   QUINDLE_REAL(SDL_GetCurrentVideoDriver);
-  return EnterCall(slot, nullptr) ? nullptr : real();
+  if (EnterCall(slot, nullptr)) {
+    return nullptr;
+  }
+  const std::optional<std::string>& answer = State().video_driver;
+  return answer ? answer->c_str() : real();
 }
 
 QUINDLE_WRAP_SLOT(SDL_GetHint, true)
