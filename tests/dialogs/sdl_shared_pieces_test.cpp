@@ -416,8 +416,10 @@ TEST_F(SharedDrawing, MeasuresAsSdlTtfDoes) {
   EXPECT_EQ(extent.height, height);
   Recorder().FailCall("TTF_SizeUTF8");
   EXPECT_FALSE(MeasureText(font_.get(), "Ag").measured);
+  const long measured = Recorder().CallCount("TTF_SizeUTF8");
   EXPECT_EQ(MeasureText(nullptr, "Ag").width, 0);
   EXPECT_FALSE(MeasureText(nullptr, "Ag").measured);
+  EXPECT_EQ(Recorder().CallCount("TTF_SizeUTF8"), measured);
   EXPECT_EQ(FontHeightOrFallback(nullptr, 17), 17);
   EXPECT_EQ(FontHeightOrFallback(font_.get(), 17), TTF_FontHeight(font_.get()));
 }

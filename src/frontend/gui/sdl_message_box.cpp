@@ -92,6 +92,9 @@ class LineFiller {
 };
 
 std::vector<std::string> WrapText(TTF_Font* font, const std::string& text, int width) {
+  if (font == nullptr) {
+    return {};
+  }
   LineFiller filler(font, width);
   for (const char c : text) {
     if (c == '\n') {
@@ -103,16 +106,6 @@ std::vector<std::string> WrapText(TTF_Font* font, const std::string& text, int w
     }
   }
   return filler.TakeLines();
-}
-
-std::vector<std::string> WrapMessage(TTF_Font* font, const std::string& message, int width) {
-  if (font == nullptr) {
-    return {};
-  }
-  if (message.empty()) {
-    return {std::string()};
-  }
-  return WrapText(font, message, width);
 }
 
 // --- Layout --------------------------------------------------------------------------------------
@@ -443,7 +436,7 @@ SdlMessageBoxLayout BuildSdlMessageBoxLayout(const SdlMessageBox::Config& config
   PlaceButtons(width, height, static_cast<int>(config.buttons.size()), &layout);
   PlacePanels(width, height, &layout);
   PlaceTexts(width, MeasureText(titleFont, config.title).height, &layout);
-  layout.lines = WrapMessage(bodyFont, config.message, layout.bodyW);
+  layout.lines = WrapText(bodyFont, config.message, layout.bodyW);
   layout.lineH = std::max(14, MeasureText(bodyFont, "Ag").height);
   layout.contentHeight = ContentHeight(layout);
   layout.minHeight = MinHeight(config.height, scale);
