@@ -10,6 +10,15 @@
 namespace quindle::frontend::gui {
 namespace {
 
+TEST(TextEntryTextOr, StandsInForAnEmptyTextAlone) {
+  EXPECT_EQ(TextOr("", "disk.img"), "disk.img");
+  EXPECT_EQ(TextOr("a", "disk.img"), "a");
+  EXPECT_EQ(TextOr(" ", "disk.img"), " ");
+  EXPECT_EQ(TextOr("", ""), "");
+  const std::string with_null("\0x", 2);
+  EXPECT_EQ(TextOr(with_null, "disk.img"), with_null);
+}
+
 TEST(TextEntryDigitString, NeedsOneDigitAndOnlyDigits) {
   EXPECT_TRUE(IsDigitString("0"));
   EXPECT_TRUE(IsDigitString("0123456789"));

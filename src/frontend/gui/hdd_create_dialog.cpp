@@ -38,10 +38,6 @@ constexpr SDL_Color kPathColor{214, 221, 230, 255};
 
 constexpr int kFieldTextDrop = 9;  // From the top of a field to its text.
 
-std::string TextOr(const std::string& text, const char* substitute) {
-  return text.empty() ? substitute : text;
-}
-
 // --- Input ---------------------------------------------------------------------------------------
 
 // The text that typing edits; null when no field has the focus.

@@ -45,22 +45,25 @@ ScannedEntries ScanDirectory(const fs::path& dir, bool (*accept)(const fs::path&
   return found;
 }
 
-// A row's place in its group beside its name in lower case, which is made once and not in every
-// comparison of the sort.
+// What orders the rows, beside a row's place in its group. The name is lowered once and not in
+// every comparison of a sort.
 struct SortKey {
   std::string lowered_name;
   std::size_t index = 0;
+
+  explicit SortKey(const PickerEntry& entry, std::size_t place = 0)
+      : lowered_name(utils::ascii_to_lower(entry.name)), index(place) {}
+  bool operator<(const SortKey& other) const { return lowered_name < other.lowered_name; }
 };
 
-// Moves the rows of `group` behind those of `rows`, in the order of PickerEntryNameLess.
+// Moves the rows of `group` behind those of `rows`, sorted.
 void AppendSorted(std::vector<PickerEntry> group, std::vector<PickerEntry>* rows) {
   std::vector<SortKey> keys;
   keys.reserve(group.size());
   for (const PickerEntry& entry : group) {
-    keys.push_back(SortKey{utils::ascii_to_lower(entry.name), keys.size()});
+    keys.emplace_back(entry, keys.size());
   }
-  std::sort(keys.begin(), keys.end(),
-            [](const SortKey& a, const SortKey& b) { return a.lowered_name < b.lowered_name; });
+  std::sort(keys.begin(), keys.end());
   for (const SortKey& key : keys) {
     rows->push_back(std::move(group[key.index]));
   }
@@ -94,7 +97,7 @@ bool IsFontPickerEntry(const fs::path& p) {
 }
 
 bool PickerEntryNameLess(const PickerEntry& a, const PickerEntry& b) {
-  return utils::ascii_to_lower(a.name) < utils::ascii_to_lower(b.name);
+  return SortKey(a) < SortKey(b);
 }
 
 std::vector<PickerEntry> ReadFolderPickerEntries(const fs::path& dir) {

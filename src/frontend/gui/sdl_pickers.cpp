@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "frontend/gui/text_entry.h"
+
 namespace quindle::frontend::gui {
 namespace {
 
@@ -43,25 +45,14 @@ std::vector<PickerEntry> LoadFontPickerEntries(const fs::path& dir) {
 
 // Existence is not looked at here: the dialog falls back by itself.
 fs::path ResolveSimplePickerStartDir(const std::string& requested, const char* fallback) {
-  return requested.empty() ? fs::path(fallback) : fs::path(requested);
+  return TextOr(requested, fallback);
 }
 
-const std::string& ValueOrDefault(const std::string& value, const std::string& fallback) {
-  return value.empty() ? fallback : value;
-}
-
-// What the three file pickers have in common.
+// What the three file pickers have in common; sizes and mode are the record's defaults.
 SdlPickerDialogOptions FilePickerOptions() {
   SdlPickerDialogOptions options;
   options.accept_label = "Open";
   options.cancel_label = "Cancel";
-  options.width = 760;
-  options.height = 520;
-  options.footer_height = 46;
-  options.button_width = 70;
-  options.button_height = 30;
-  options.mode = 0;
-  options.window_flags = SDL_WINDOW_HIDDEN;
   return options;
 }
 
@@ -101,21 +92,23 @@ std::string ShowSimpleTtfFilePicker(SDL_Window* parent, const std::string& start
 
 std::string ShowSimpleFolderPicker(SDL_Window* parent, const FolderPickerOptions& options) {
   const FolderPickerOptions defaults;
+  const std::string title = TextOr(options.title, defaults.title);
+  const std::string accept_label = TextOr(options.accept_label, defaults.accept_label);
+  const std::string cancel_label = TextOr(options.cancel_label, defaults.cancel_label);
   SdlPickerDialogOptions dialog;
-  dialog.title = ValueOrDefault(options.title, defaults.title).c_str();
-  dialog.hint = ValueOrDefault(options.hint, defaults.hint);
+  dialog.title = title.c_str();
+  dialog.hint = TextOr(options.hint, defaults.hint);
   dialog.start_dir = options.start_dir.empty() ? fs::current_path() : fs::path(options.start_dir);
   dialog.load_entries = ReadFolderPickerEntries;
   dialog.label_entry = LabelFolderPickerEntry;
-  dialog.accept_label = ValueOrDefault(options.accept_label, defaults.accept_label).c_str();
-  dialog.cancel_label = ValueOrDefault(options.cancel_label, defaults.cancel_label).c_str();
+  dialog.accept_label = accept_label.c_str();
+  dialog.cancel_label = cancel_label.c_str();
   dialog.width = 780;
   dialog.height = 540;
   dialog.footer_height = 50;
   dialog.button_width = 86;
   dialog.button_height = 34;
   dialog.mode = 1;
-  dialog.window_flags = SDL_WINDOW_HIDDEN;
   return RunSimplePickerDialog(parent, dialog);
 }
 

@@ -6,6 +6,10 @@
 
 namespace quindle::frontend::gui {
 
+std::string TextOr(const std::string& text, std::string_view fallback) {
+  return text.empty() ? std::string(fallback) : text;
+}
+
 bool IsDigitString(std::string_view text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), utils::is_ascii_digit);
 }

@@ -1,12 +1,16 @@
 #pragma once
 
-// Private. Editing of a one-line text field, byte by byte. No SDL call.
+// Private. Editing of a one-line text field, byte by byte, and texts that may be left out. No SDL
+// call.
 
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace quindle::frontend::gui {
+
+// `text`, or `fallback` when it is empty.
+std::string TextOr(const std::string& text, std::string_view fallback);
 
 // True for a text of one or more ASCII digits and nothing else.
 bool IsDigitString(std::string_view text);
