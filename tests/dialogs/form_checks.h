@@ -14,6 +14,7 @@
 #include <string_view>
 #include <vector>
 
+#include "frontend/gui/sdl_ui_font_cache.h"
 #include "support/dialog_test.h"
 
 namespace quindle::testing {
@@ -73,6 +74,27 @@ inline void ExpectTextsKeepClearOfControls(const Frame& frame,
     SDL_Rect common{0, 0, 0, 0};
     SDL_IntersectRect(&visible, &window, &common);
     EXPECT_TRUE(common == visible) << DescribeDraw(text);
+  }
+}
+
+// These texts of the dialog stand in the frame as they are, and nothing of them is clipped away.
+inline void ExpectWholeTexts(const Frame& frame, const std::vector<std::string>& texts) {
+  for (const std::string& text : texts) {
+    const DrawCall* const drawn = frame.FindText(text);
+    ASSERT_NE(drawn, nullptr) << text;
+    EXPECT_TRUE(VisiblePart(*drawn) == drawn->rect) << DescribeDraw(*drawn);
+  }
+}
+
+// Looks once with each font that a system without the library's own may have.
+inline void InEachSystemFont(const std::function<void()>& look) {
+  for (const std::string font : {"DejaVuSans.ttf", "DejaVuSansMono.ttf"}) {
+    SCOPED_TRACE(font);
+    frontend::gui::ShutdownSdlUiCachedFonts();
+    Recorder().HideFonts([&font](const std::string& path) {
+      return path != "/usr/share/fonts/truetype/dejavu/" + font;
+    });
+    look();
   }
 }
 

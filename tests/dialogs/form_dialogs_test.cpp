@@ -178,16 +178,40 @@ TEST_P(FormDialogLoop, KeepsTheOrderOfTheContract) {
   Recorder().ForgetCalls();
   Run([] { Quit(); });
   EXPECT_THAT(
-      Recorder().CallsAmong({"SDL_CreateWindow", "SDL_StartTextInput", "SDL_RenderPresent",
-                             "SDL_ShowWindow", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
-                             "SDL_Delay", "SDL_StopTextInput", "SDL_DestroyRenderer",
-                             "SDL_DestroyWindow"}),
-      ElementsAre("SDL_CreateWindow", "SDL_StartTextInput", "SDL_RenderPresent", "SDL_ShowWindow",
-                  "SDL_RaiseWindow", "SDL_SetWindowInputFocus", "SDL_Delay", "SDL_RenderPresent",
-                  "SDL_Delay", "SDL_StopTextInput", "SDL_RaiseWindow", "SDL_SetWindowInputFocus",
-                  "SDL_DestroyRenderer", "SDL_DestroyWindow"));
+      Recorder().CallsAmong({"SDL_CreateWindow", "TTF_OpenFont", "SDL_StartTextInput",
+                             "SDL_RenderPresent", "SDL_ShowWindow", "SDL_RaiseWindow",
+                             "SDL_SetWindowInputFocus", "SDL_Delay", "SDL_StopTextInput",
+                             "SDL_DestroyRenderer", "SDL_DestroyWindow"}),
+      ElementsAre("SDL_CreateWindow", "TTF_OpenFont", "SDL_StartTextInput", "SDL_RenderPresent",
+                  "SDL_ShowWindow", "SDL_RaiseWindow", "SDL_SetWindowInputFocus", "SDL_Delay",
+                  "SDL_RenderPresent", "SDL_Delay", "SDL_StopTextInput", "SDL_RaiseWindow",
+                  "SDL_SetWindowInputFocus", "SDL_DestroyRenderer", "SDL_DestroyWindow"));
   EXPECT_THAT(Recorder().CallsAmong({"SDL_RaiseWindow", "SDL_SetWindowInputFocus"}, MakeParent()),
               ElementsAre("SDL_RaiseWindow", "SDL_SetWindowInputFocus"));
+}
+
+TEST_P(FormDialogLoop, FontIsThereAtTheFirstHeartbeat) {
+  DialogScript script;
+  script.Step([] {
+    ASSERT_THAT(Recorder().font_requests(), SizeIs(1));
+    EXPECT_EQ(Recorder().font_requests()[0].size, 16);
+    EXPECT_TRUE(Recorder().font_requests()[0].opened);
+    Quit();
+  });
+  form().show(nullptr, "/data");
+}
+
+// Neither in each frame nor for each text.
+TEST_P(FormDialogLoop, MissingFontIsLookedForOnceAndTheFormWorks) {
+  Recorder().HideAllFonts();
+  std::size_t looked_for = 0;
+  DialogScript script;
+  script.Step([&looked_for] { looked_for = Recorder().font_requests().size(); })
+      .Step([] { EXPECT_THAT(Recorder().last_frame().Texts(), IsEmpty()); })
+      .Step([] { ClickAt(form().accept_button); });
+  EXPECT_EQ(form().show(nullptr, "/data"), form().Untouched("/data"));
+  EXPECT_GT(looked_for, 0U);
+  EXPECT_EQ(Recorder().font_requests().size(), looked_for);
 }
 
 TEST_P(FormDialogLoop, RunsWithoutAParent) {

@@ -286,6 +286,20 @@ TEST_F(HddCreateDialogDrawing, NoTextRunsOverAControl) {
   }
 }
 
+TEST_F(HddCreateDialogDrawing, OwnTextsAreWholeInEverySystemFont) {
+  const HddCreateDialogLayout layout = BuildHddCreateDialogLayout();
+  InEachSystemFont([&] {
+    const Frame& frame = Draw(SampleState());
+    ExpectWholeTexts(frame, {"Create new HDD image (.img)", "Size (MB):", "File name:", "Folder:",
+                             "Choose", "Cancel", "Create", "Will be saved as:"});
+    ExpectTextsKeepClearOfControls(
+        frame,
+        {layout.size_field, layout.name_field, layout.folder_field, layout.choose_button,
+         layout.cancel_button, layout.create_button},
+        SDL_Rect{0, 0, 860, 390});
+  });
+}
+
 TEST_F(HddCreateDialogDrawing, BytesThatAreNoTextAreStillDrawn) {
   HddCreateDialogState state = SampleState();
   state.folder_text = "/a\nb\xFF";

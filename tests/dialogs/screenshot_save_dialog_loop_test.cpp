@@ -21,6 +21,8 @@ using frontend::gui::BuildScreenshotSaveDialogLayout;
 using frontend::gui::DrawScreenshotDialogText;
 using frontend::gui::EllipsizeLeft;
 using frontend::gui::EnsureScreenshotDialogFont;
+using frontend::gui::FormatLabel;
+using frontend::gui::FormatValueLabel;
 using frontend::gui::HandleScreenshotSaveDialogMouseButton;
 using frontend::gui::RenderScreenshotSaveDialog;
 using frontend::gui::ScreenshotSaveDialogLayout;
@@ -534,6 +536,47 @@ TEST_F(ScreenshotSaveDialogDrawing, NoTextRunsOverAControl) {
   }
 }
 
+TEST_F(ScreenshotSaveDialogDrawing, OwnTextsAreWholeInEverySystemFont) {
+  const ScreenshotSaveDialogLayout layout = BuildScreenshotSaveDialogLayout(900, 410);
+  const std::vector<SDL_Rect> boxes = {layout.file_name_field, layout.folder_field,
+                                       layout.choose_button,   layout.format_box,
+                                       layout.cancel_button,   layout.save_button};
+  InEachSystemFont([&] {
+    for (const ScreenshotSaveFormat format : {kPng, kJpeg, kBmp}) {
+      const Frame& frame = Draw(Session(format));
+      ExpectWholeTexts(
+          frame, {"Save screenshot", "Export current guest output as PNG, JPEG or BMP",
+                  "File name:", "Folder:", "Format:", FormatValueLabel(format), FormatLabel(format),
+                  "v", "Choose", "Cancel", "Save", "Will be saved as:"});
+      std::vector<SDL_Rect> controls = boxes;
+      controls.push_back(format == kBmp ? layout.rle_checkbox : layout.option_field);
+      ExpectTextsKeepClearOfControls(frame, controls, SDL_Rect{0, 0, 900, 410});
+    }
+    ExpectWholeTexts(Draw(Session(kBmp)), {"Use RLE if possible (indexed BMP paths)"});
+  });
+}
+
+TEST_F(ScreenshotSaveDialogDrawing, OpenListShowsItsLabelsWholeInEverySystemFont) {
+  ScreenshotSaveDialogSession session = Session(kPng);
+  session.format_list_open = true;
+  const SDL_Rect list = BuildScreenshotSaveDialogLayout(900, 410).format_list;
+  InEachSystemFont([&] {
+    const Frame& frame = Draw(session);
+    for (const ScreenshotSaveFormat format : {kPng, kJpeg, kBmp}) {
+      const DrawCall* row = nullptr;
+      const std::vector<DrawCall> texts = frame.OfKind(DrawKind::Text);
+      for (const DrawCall& text : texts) {
+        row = text.text == FormatLabel(format) ? &text : row;  // The list is drawn last.
+      }
+      ASSERT_NE(row, nullptr);
+      SDL_Rect common{0, 0, 0, 0};
+      const SDL_Rect shown = VisiblePart(*row);
+      SDL_IntersectRect(&shown, &list, &common);
+      EXPECT_TRUE(common == row->rect) << DescribeDraw(*row);
+    }
+  });
+}
+
 TEST_F(ScreenshotSaveDialogDrawing, NoBoxIsDrawnWithoutExtent) {
   for (const int w : {0, 1, 100, 249, 280, 281, 390, 391, 16384}) {
     for (const int h : {0, 1, 57, 410, 16384}) {
@@ -810,7 +853,7 @@ TEST_F(ScreenshotSaveDialogLoop, NothingBehindTheCommitOfADrainCounts) {
   EXPECT_TRUE(committed.bmp_rle);
 }
 
-TEST_F(ScreenshotSaveDialogLoop, MouseOfAnotherWindowIsDroppedKeysAndTextAreNot) {
+TEST_F(ScreenshotSaveDialogLoop, InputOfAnotherWindowIsDropped) {
   const Uint32 parent = SDL_GetWindowID(MakeParent());
   const ScreenshotSaveDialogResult result = Run([parent] {
     CloseWindow(parent);
@@ -820,12 +863,19 @@ TEST_F(ScreenshotSaveDialogLoop, MouseOfAnotherWindowIsDroppedKeysAndTextAreNot)
     Click(kNowhere.x, kNowhere.y, SDL_BUTTON_LEFT, 1, parent);
     TextInput("x", parent);
     KeyDown(SDLK_BACKSPACE, parent);
-    TextInput("yz", parent);
+    KeyDown(SDLK_TAB, parent);
+    KeyDown(SDLK_ESCAPE, parent);
     KeyDown(SDLK_RETURN, parent);
+    TextInput("y", WindowId());
+    TextInput("z");
+    KeyDown(SDLK_RETURN, WindowId());
   });
   EXPECT_TRUE(result.accepted);
-  EXPECT_EQ(result.file_name, "shot.png");
   EXPECT_TRUE(Recorder().last_frame().HasText("shot.pngyz"));
+}
+
+TEST_F(ScreenshotSaveDialogLoop, QuitNamesNoWindowAndCounts) {
+  ExpectCancelled(Run([] { Quit(); }));
 }
 
 TEST_F(ScreenshotSaveDialogLoop, OtherButtonsAndEventsAreIgnored) {

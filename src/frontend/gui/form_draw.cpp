@@ -11,7 +11,7 @@ TTF_Font* FormFont() {
 }
 
 void DrawFormText(SDL_Renderer* renderer, const char* text, int x, int y, SDL_Color color) {
-  if (renderer == nullptr || text == nullptr) {
+  if (renderer == nullptr || text == nullptr || *text == '\0') {
     return;
   }
   DrawSdlUiText(renderer, FormFont(), text, x, y, color, nullptr);

@@ -26,7 +26,7 @@ inline constexpr int kFormFieldPadding = 8;  // From a field's side edge to its 
 // The cached font of all texts of a form; null when no font file can be opened.
 TTF_Font* FormFont();
 
-// Draws nothing without renderer or text.
+// Draws nothing and opens no font without renderer or text.
 void DrawFormText(SDL_Renderer* renderer, const char* text, int x, int y, SDL_Color color);
 
 // Draws bytes that need not be text. What is too long is clipped to [x, right) and shows its end,

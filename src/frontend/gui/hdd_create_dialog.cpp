@@ -298,6 +298,7 @@ HddCreateDialogResult ShowSimpleHddCreateDialog(SDL_Window* parent, const std::s
     return ResultOf(state);
   }
   const ModalParentFocus parent_focus(parent);
+  FormFont();  // Opened before the first frame; without it only the texts are missing.
   const ModalTextInput text_input;
   RunLoop(bundle, &state);
   return ResultOf(state);

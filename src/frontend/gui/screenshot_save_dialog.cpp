@@ -312,13 +312,16 @@ void SetInitialOptions(int jpeg_quality, int png_compression, bool bmp_rle,
 }
 
 void HandleEvent(const SDL_Event& event, SDL_Window* window, ScreenshotSaveDialogState* state) {
+  if (IsInputOfOtherWindow(window, event)) {
+    return;
+  }
   if (IsModalCancelEvent(event)) {
     state->done = true;
   } else if (event.type == SDL_KEYDOWN) {
     HandleScreenshotSaveDialogKey(state, event.key.keysym.sym);
   } else if (event.type == SDL_TEXTINPUT) {
     HandleScreenshotSaveDialogTextInput(state, static_cast<const char*>(event.text.text));
-  } else if (IsLeftButtonEvent(event) && !IsInputOfOtherWindow(window, event)) {
+  } else if (IsLeftButtonEvent(event)) {
     HandleScreenshotSaveDialogMouseButton(state, window, event.button,
                                           event.type == SDL_MOUSEBUTTONDOWN);
   }
@@ -499,6 +502,7 @@ ScreenshotSaveDialogResult ShowScreenshotSaveDialog(SDL_Window* parent,
     return state.result;
   }
   const ModalParentFocus parent_focus(parent);
+  EnsureScreenshotDialogFont();  // Opened before the first frame; the dialog works without it.
   const ModalTextInput text_input;
   RunLoop(bundle, &state);
   return state.result;
