@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "dialogs/form_checks.h"
 #include "dialogs/picker_view.h"
 #include "frontend/gui/sdl_pickers.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
@@ -469,11 +470,11 @@ TEST_F(PickerDialogTest, LongNamesEndInFrontOfTheScrollBar) {
   }
 }
 
-TEST_F(PickerDialogTest, LongHeaderLinesKeepTheirEnd) {
+TEST_F(PickerDialogTest, LongHintKeepsItsBeginningAndALongFolderItsEnd) {
   const std::string dir = "/" + std::string(150, 'm') + "/end";
   g_listings["/"] = {Folder(dir)};
   SdlPickerDialogOptions options = Options();
-  options.hint = std::string(150, 'm') + " hint";
+  options.hint = "hint " + std::string(150, 'm') + " end";
   std::vector<DrawCall> texts;
   Play({[] { KeyDown(SDLK_RETURN); },
         [&texts] {
@@ -481,13 +482,85 @@ TEST_F(PickerDialogTest, LongHeaderLinesKeepTheirEnd) {
           Escape();
         }},
        options);
-  for (const auto& [index, end] : {std::pair(0, " hint"), std::pair(1, "/end")}) {
-    const DrawCall& line = texts[static_cast<std::size_t>(index)];
-    EXPECT_THAT(line.text, StartsWith("...m"));
-    EXPECT_THAT(line.text, EndsWith(end));
+  ASSERT_THAT(texts, SizeIs(4));
+  EXPECT_THAT(texts[0].text, StartsWith("hint m"));
+  EXPECT_THAT(texts[0].text, EndsWith("m..."));
+  EXPECT_THAT(texts[1].text, StartsWith("...m"));
+  EXPECT_THAT(texts[1].text, EndsWith("m/end"));
+  for (const DrawCall& line : {texts[0], texts[1]}) {
     EXPECT_EQ(line.rect.x, 10);
-    EXPECT_LE(line.rect.x + line.rect.w, 760);
+    EXPECT_LE(line.rect.x + line.rect.w, 750) << "as far from the right edge as from the left";
+    EXPECT_GT(line.rect.x + line.rect.w, 750 - 30) << "cut shorter than needed";
   }
+}
+
+// What shows of the two captions, cancel first.
+std::vector<SDL_Rect> ShownCaptions() {
+  std::vector<SDL_Rect> shown;
+  for (const DrawCall& text : Recorder().last_frame().OfKind(DrawKind::Text)) {
+    if (text.rect.y > kAcceptButton.y) {
+      shown.push_back(VisiblePart(text));
+    }
+  }
+  return shown;
+}
+
+TEST_F(PickerDialogTest, WideCaptionsAreClippedToTheirButtons) {
+  const std::string wide(40, 'm');
+  SdlPickerDialogOptions options = Options();
+  options.accept_label = wide.c_str();
+  options.cancel_label = wide.c_str();
+  Play({[&wide] {
+          const int height = Recorder().last_frame().FindText(wide)->rect.h;
+          EXPECT_THAT(ShownCaptions(), ElementsAre(SDL_Rect{602, 489, 59, std::min(height, 23)},
+                                                   SDL_Rect{682, 489, 59, std::min(height, 23)}));
+        },
+        Escape},
+       options);
+}
+
+TEST_F(PickerDialogTest, HighCaptionsAreClippedToTheirButtons) {
+  SdlPickerDialogOptions options = Options();
+  options.button_height = 14;
+  Play({[] {
+          for (const SDL_Rect& shown : ShownCaptions()) {
+            EXPECT_EQ(shown.y, 497);
+            EXPECT_EQ(shown.h, 7);
+          }
+          EXPECT_THAT(ShownCaptions(), SizeIs(2));
+        },
+        Escape},
+       options);
+}
+
+TEST_F(PickerDialogTest, CaptionsOfButtonsWithoutRoomDoNotShow) {
+  for (const int width : {0, 1, 2, 11}) {
+    SdlPickerDialogOptions options = Options();
+    options.button_width = width;
+    Play({[width] {
+            for (const DrawCall& text : Recorder().last_frame().OfKind(DrawKind::Text)) {
+              if (text.text == "Open" || text.text == "Cancel") {
+                ASSERT_TRUE(text.clip);
+                EXPECT_GE(text.clip->w, 0) << width;
+                EXPECT_TRUE(text.IsClippedAway()) << width;
+              }
+            }
+          },
+          Escape},
+         options);
+  }
+}
+
+TEST_F(PickerDialogTest, NothingButTheCaptionsIsClipped) {
+  g_listings["/"] = {File("/" + std::string(200, 'm'))};
+  Play({[] {
+          for (const DrawCall& call : Recorder().last_frame().draws) {
+            if (call.rect.y < kAcceptButton.y + 7) {
+              EXPECT_FALSE(call.clip) << ::testing::PrintToString(call);
+            }
+          }
+        },
+        Escape});
 }
 
 TEST_F(PickerDialogTest, BytesThatCannotBeDrawnShowAsReplacementCharacters) {
@@ -533,6 +606,30 @@ TEST_F(PickerDialogTest, BytesThatCannotBeDrawnAreReturned) {
   }
 }
 
+TEST_F(PickerDialogTest, FontIsOpenedBetweenWindowAndFirstHeartbeat) {
+  DialogScript script;
+  script.Step([] {
+    EXPECT_THAT(Recorder().CallsAmong({"SDL_CreateWindow", "TTF_OpenFont"}),
+                ElementsAre("SDL_CreateWindow", "TTF_OpenFont"));
+    EXPECT_EQ(Recorder().font_requests().back().size, 15);
+    Escape();
+  });
+  RunSimplePickerDialog(nullptr, Options());
+}
+
+TEST_F(PickerDialogTest, MissingFontIsLookedForOnce) {
+  Recorder().HideAllFonts();
+  g_listings["/"] = Files(30);
+  std::size_t looked_for = 0;
+  DialogScript script;
+  script.Step([&looked_for] { looked_for = Recorder().font_requests().size(); })
+      .Wait(2)
+      .Step(Escape);
+  RunSimplePickerDialog(nullptr, Options());
+  EXPECT_GT(looked_for, 0U);
+  EXPECT_EQ(Recorder().font_requests().size(), looked_for);
+}
+
 TEST_F(PickerDialogTest, WorksWithoutAFont) {
   Recorder().HideAllFonts();
   g_listings["/"] = Files(30);
@@ -564,6 +661,7 @@ TEST_F(PickerDialogTest, UpAndDownStayAmongTheRows) {
   g_listings["/"] = Files(3);
   EXPECT_EQ(SelectedAfter({Keys({SDLK_UP})}), "row 0");
   EXPECT_EQ(SelectedAfter({Keys({SDLK_DOWN})}), "row 1");
+  EXPECT_EQ(SelectedAfter({Keys({SDLK_DOWN, SDLK_UP})}), "row 0");
   EXPECT_EQ(SelectedAfter({Keys({SDLK_DOWN, SDLK_DOWN})}), "row 2");
   EXPECT_EQ(SelectedAfter({Keys({SDLK_DOWN, SDLK_DOWN, SDLK_DOWN})}), "row 2");
   EXPECT_EQ(SelectedAfter({Keys({SDLK_DOWN, SDLK_DOWN, SDLK_DOWN, SDLK_UP})}), "row 1");
@@ -846,6 +944,77 @@ TEST_F(PickerDialogTest, DragEndsWithTheRelease) {
   EXPECT_EQ(view.Selected(), "row 6");
 }
 
+// The pointer may have left for the parent by then.
+TEST_F(PickerDialogTest, DragEndsWithAReleaseOverAnotherWindow) {
+  g_listings["/"] = Files(30);
+  SDL_Window* parent = MakeParent();
+  const Uint32 other = SDL_GetWindowID(parent);
+  PickerView view;
+  Play({[] { Press(kInTrack, 100); }, [] { Motion(kInTrack, 128); },
+        [other] { MouseUp(50, RowY(4), SDL_BUTTON_LEFT, 1, other); }, [] { Motion(kInTrack, 300); },
+        [&view] {
+          view = LookAtPicker();
+          Escape();
+        }},
+       Options(), parent);
+  EXPECT_EQ(view.First(), "row 2");
+  EXPECT_EQ(view.Selected(), "") << "the release is no click";
+}
+
+TEST_F(PickerDialogTest, PressOverAnotherWindowDoesNotEndADrag) {
+  g_listings["/"] = Files(30);
+  SDL_Window* parent = MakeParent();
+  const Uint32 other = SDL_GetWindowID(parent);
+  EXPECT_EQ(FirstRowAfter({[] { Press(kInTrack, 100); },
+                           [other] {
+                             MouseDown(kInTrack, 100, SDL_BUTTON_LEFT, 1, other);
+                             MouseUp(kInTrack, 100, SDL_BUTTON_RIGHT, 1, other);
+                             Motion(kInTrack, 128);
+                           }}),
+            "row 2");
+}
+
+// A drag during which the host opens a dialog of its own and the user closes it; `pressed_after`:
+// the button is still down then.
+class PickerDragAndNestedDialog : public PickerDialogTest {
+ protected:
+  static std::string FirstRowBehindNestedDialog(bool pressed_after, const Action& after) {
+    const SdlPickerDialogOptions nested = Options();
+    return FirstRowAfter({[] { Press(kInTrack, 100); },
+                          [pressed_after, &nested] {
+                            RunSimplePickerDialog(nullptr, nested);
+                            Recorder().SetPointer(nullptr, 0, 0,
+                                                  pressed_after ? SDL_BUTTON_LMASK : 0);
+                          },
+                          [] {},  // Played by the nested picker.
+                          [] {
+                            MouseUp(300, 40, SDL_BUTTON_LEFT, 1, WindowId());
+                            Escape();
+                          },
+                          after});
+  }
+};
+
+TEST_F(PickerDragAndNestedDialog, ReleaseThatTheNestedDialogReadEndsTheDrag) {
+  g_listings["/"] = Files(30);
+  EXPECT_EQ(FirstRowBehindNestedDialog(false, [] { Motion(kInTrack, 300); }), "row 0");
+}
+
+TEST_F(PickerDragAndNestedDialog, ButtonThatIsStillDownGoesOnDragging) {
+  g_listings["/"] = Files(30);
+  EXPECT_EQ(FirstRowBehindNestedDialog(true, [] { Motion(kInTrack, 128); }), "row 2");
+}
+
+TEST_F(PickerDragAndNestedDialog, NextPressDragsAgain) {
+  g_listings["/"] = Files(30);
+  EXPECT_EQ(FirstRowBehindNestedDialog(false,
+                                       [] {
+                                         Press(kInTrack, 100);
+                                         Motion(kInTrack, 128);
+                                       }),
+            "row 2");
+}
+
 TEST_F(PickerDialogTest, OtherButtonsNeitherStartNorEndADrag) {
   g_listings["/"] = Files(30);
   EXPECT_EQ(FirstRowAfter({[] {
@@ -1018,7 +1187,6 @@ TEST_F(PickerDialogTest, MouseOfAnotherWindowDoesNothing) {
                                      Click(700, 490, SDL_BUTTON_LEFT, 1, other);
                                      Press(kInTrack, 100);
                                      Motion(kInTrack, 200, 0, other);
-                                     MouseUp(kInTrack, 100, SDL_BUTTON_LEFT, 1, other);
                                    },
                                    [] { Motion(kInTrack, 114, 0, WindowId()); },
                                    [&view] {

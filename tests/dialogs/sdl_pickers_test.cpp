@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "dialogs/form_checks.h"
 #include "dialogs/picker_view.h"
 #include "support/dialog_test.h"
 
@@ -93,6 +94,19 @@ TEST_F(PickersTest, FilePickersHaveTheirOwnWindows) {
     EXPECT_THAT(Recorder().last_frame().Fills({70, 76, 84, 255}),
                 ElementsAre(SDL_Rect{592, 482, 70, 30}, SDL_Rect{672, 482, 70, 30}));
   }
+}
+
+TEST_F(PickersTest, OwnTextsAreWholeInEverySystemFont) {
+  InEachSystemFont([this] {
+    for (const FilePickerCase& test : kFilePickers) {
+      Look(test.show, dir_);
+      ExpectWholeTexts(Recorder().last_frame(), {test.hint, "Cancel", "Open"});
+    }
+    FolderPickerOptions options;
+    options.start_dir = dir_;
+    LookAtFolders(options);
+    ExpectWholeTexts(Recorder().last_frame(), {options.hint, "Cancel", "Select"});
+  });
 }
 
 TEST_F(PickersTest, FilePickersStartInTheirFallbackDirectory) {

@@ -207,11 +207,15 @@ void HandleWheel(int notches, PickerState* state) {
   state->scroll = std::max(0, ClampToInt(static_cast<long long>(state->scroll) - notches));
 }
 
+// The pixels that the thumb can travel.
+int TravelOf(const SimpleScrollbarLayout& bar) {
+  return std::max(1, bar.track.h - bar.thumb.h);
+}
+
 // How many rows a drag of `distance` pixels scrolls by.
 long long RowsDragged(const SimpleScrollbarLayout& bar, long long distance) {
-  const int travel = std::max(1, bar.track.h - bar.thumb.h);
-  return static_cast<long long>(static_cast<float>(distance) / static_cast<float>(travel) *
-                                static_cast<float>(bar.max_scroll));
+  return TruncateToInt(static_cast<float>(distance) / static_cast<float>(TravelOf(bar)) *
+                       static_cast<float>(bar.max_scroll));
 }
 
 void DragThumb(const SimpleScrollbarLayout& bar, int y, PickerState* state) {
@@ -284,16 +288,12 @@ void HandleClick(const SdlPickerDialogOptions& options, const SDL_MouseButtonEve
   }
 }
 
-void HandleLeftButton(const SdlPickerDialogOptions& options, const SDL_MouseButtonEvent& button,
-                      const PickerLayout& layout, PickerState* state) {
-  if (button.type == SDL_MOUSEBUTTONUP) {
-    state->dragging = false;
-  }
-  HandleClick(options, button, layout, state);
-}
-
+// A drag ends with any release of the left button; for all else the pointer must be on the dialog.
 void HandlePointerEvent(SDL_Window* window, const SdlPickerDialogOptions& options,
                         const SDL_Event& event, PickerState* state) {
+  if (IsLeftButtonEvent(event) && event.type == SDL_MOUSEBUTTONUP) {
+    state->dragging = false;
+  }
   if (IsInputOfOtherWindow(window, event)) {
     return;
   }
@@ -301,7 +301,7 @@ void HandlePointerEvent(SDL_Window* window, const SdlPickerDialogOptions& option
   if (event.type == SDL_MOUSEMOTION) {
     DragThumb(BuildScrollbar(layout, *state), event.motion.y, state);
   } else if (IsLeftButtonEvent(event)) {
-    HandleLeftButton(options, event.button, layout, state);
+    HandleClick(options, event.button, layout, state);
   }
 }
 
@@ -333,6 +333,9 @@ void HandleEvents(SDL_Window* window, const SdlPickerDialogOptions& options,
                   ModalEventQueue* events, PickerState* state) {
   SDL_Event event;
   while (events->Poll(&event)) {
+    if (events->MissedLeftRelease()) {
+      state->dragging = false;
+    }
     if (!state->done) {
       HandleEvent(window, options, event, state);
     }
@@ -347,17 +350,15 @@ void DrawText(SDL_Renderer* renderer, const std::string& text, int x, int y) {
   DrawSimpleModalText(renderer, text.c_str(), x, y, kText);
 }
 
-// A long path keeps its end, where directories differ.
-void DrawHeaderLine(SDL_Renderer* renderer, std::string_view text, int y, const SDL_Rect& header) {
-  const int room = header.w - 2 * kHeaderMargin;
-  DrawText(renderer, FitTextRight(PickerFont(), DrawableText(text), room), kHeaderMargin, y);
-}
-
+// A long hint keeps its beginning, a long path its end, where directories differ.
 void DrawHeader(SDL_Renderer* renderer, const SdlPickerDialogOptions& options,
                 const PickerState& state, const SDL_Rect& header) {
+  const int room = header.w - 2 * kHeaderMargin;
+  const std::string hint = FitTextLeft(PickerFont(), DrawableText(options.hint), room);
+  const std::string dir = FitTextRight(PickerFont(), DrawableText(state.dir.string()), room);
   FillRect(renderer, header, kHeaderFill);
-  DrawHeaderLine(renderer, options.hint, kHintY, header);
-  DrawHeaderLine(renderer, state.dir.string(), kDirectoryY, header);
+  DrawText(renderer, hint, kHeaderMargin, kHintY);
+  DrawText(renderer, dir, kHeaderMargin, kDirectoryY);
 }
 
 void DrawRow(SDL_Renderer* renderer, const SdlPickerDialogOptions& options,
@@ -382,7 +383,10 @@ void DrawRows(SDL_Renderer* renderer, const SdlPickerDialogOptions& options,
   }
 }
 
+// A caption wider than its button ends a pixel before the button does.
 void DrawButtonText(SDL_Renderer* renderer, const char* text, const SDL_Rect& button) {
+  const ScopedClip clip(renderer,
+                        SDL_Rect{button.x + 1, button.y, std::max(0, button.w - 2), button.h});
   DrawText(renderer, DrawableText(text == nullptr ? "" : text), button.x + kButtonTextOffset.x,
            button.y + kButtonTextOffset.y);
 }
@@ -434,6 +438,7 @@ std::string RunSimplePickerDialog(SDL_Window* parent, const SdlPickerDialogOptio
     return {};
   }
   const ModalParentFocus parent_focus(parent);
+  PickerFont();  // Opened before the first frame; without it only the texts are missing.
   PickerState state;
   OpenDirectory(options, std::move(start_dir), &state);
   RunPickerLoop(bundle, options, &state);
@@ -455,8 +460,7 @@ SimpleScrollbarLayout BuildSimpleScrollbarLayout(const SDL_Rect& list, int total
   bar.thumb.h = std::max(kMinThumbHeight, ClampToInt(share));
   const float part = static_cast<float>(std::clamp(scroll, 0, bar.max_scroll)) /
                      static_cast<float>(bar.max_scroll);
-  const int travel = std::max(1, bar.track.h - bar.thumb.h);
-  bar.thumb.y = bar.track.y + TruncateToInt(part * static_cast<float>(travel));
+  bar.thumb.y = bar.track.y + TruncateToInt(part * static_cast<float>(TravelOf(bar)));
   return bar;
 }
 
