@@ -2,15 +2,14 @@
 
 #include <SDL_image.h>
 
-#include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <memory>
-#include <new>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 #include "bmp_encoder.h"
+#include "byte_stream.h"
 #include "new_file.h"
 #include "png_encoder.h"
 
@@ -21,40 +20,14 @@ using frontend::gui::ScreenshotSaveDialogResult;
 using frontend::gui::ScreenshotSaveFormat;
 using Bytes = std::vector<std::uint8_t>;
 
-// An SDL stream that appends to a vector of bytes. SDL is C: no exception may leave it.
-std::size_t SDLCALL AppendToBytes(SDL_RWops* stream, const void* data, std::size_t size,
-                                  std::size_t count) {
-  auto* out = static_cast<Bytes*>(stream->hidden.unknown.data1);
-  const auto* first = static_cast<const std::uint8_t*>(data);
-  try {
-    out->insert(out->end(), first, first + size * count);
-    return count;
-  } catch (const std::bad_alloc&) {
-    return 0;
-  }
-}
-
-using OwnedStream = std::unique_ptr<SDL_RWops, decltype(&SDL_FreeRW)>;
-
-OwnedStream OpenByteStream(Bytes* out) {
-  OwnedStream stream(SDL_AllocRW(), &SDL_FreeRW);
-  if (stream == nullptr) {
-    throw std::bad_alloc();
-  }
-  stream->write = AppendToBytes;
-  stream->hidden.unknown.data1 = out;
-  return stream;
-}
-
 Bytes EncodeJpeg(const SDL_Surface& picture, int quality) {
-  Bytes out;
-  const OwnedStream stream = OpenByteStream(&out);
+  ByteStream stream;
   // The picture is only read; SDL_image's signature does not say so.
   auto* source = const_cast<SDL_Surface*>(&picture);
-  if (IMG_SaveJPG_RW(source, stream.get(), 0, quality) != 0) {
+  if (IMG_SaveJPG_RW(source, stream.Get(), 0, quality) != 0) {
     throw std::runtime_error(std::string("cannot encode the picture: ") + IMG_GetError());
   }
-  return out;
+  return stream.Bytes();
 }
 
 Bytes Encode(const SDL_Surface& picture, const ScreenshotSaveDialogResult& result) {

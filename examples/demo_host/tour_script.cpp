@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "push_event.h"
+
 namespace quindle::demo {
 namespace {
 
@@ -23,7 +25,7 @@ void PushKey(SDL_Window* window, Uint32 type, SDL_Keycode key, Uint16 modifiers)
   event.key.keysym.sym = key;
   event.key.keysym.scancode = SDL_GetScancodeFromKey(key);
   event.key.keysym.mod = modifiers;
-  SDL_PushEvent(&event);
+  PushEvent(event);
 }
 
 void PushText(SDL_Window* window, const std::string& character) {
@@ -31,7 +33,7 @@ void PushText(SDL_Window* window, const std::string& character) {
   event.type = SDL_TEXTINPUT;
   event.text.windowID = SDL_GetWindowID(window);
   SDL_utf8strlcpy(event.text.text, character.c_str(), sizeof event.text.text);
-  SDL_PushEvent(&event);
+  PushEvent(event);
 }
 
 void PushButton(SDL_Window* window, Uint32 type, int x, int y, int clicks) {
@@ -44,7 +46,7 @@ void PushButton(SDL_Window* window, Uint32 type, int x, int y, int clicks) {
   event.button.clicks = static_cast<Uint8>(clicks);
   event.button.x = point.x;
   event.button.y = point.y;
-  SDL_PushEvent(&event);
+  PushEvent(event);
 }
 
 void PushMotion(SDL_Window* window, int x, int y, Uint32 held) {
@@ -55,7 +57,7 @@ void PushMotion(SDL_Window* window, int x, int y, Uint32 held) {
   event.motion.state = held;
   event.motion.x = point.x;
   event.motion.y = point.y;
-  SDL_PushEvent(&event);
+  PushEvent(event);
 }
 
 void PushWheel(SDL_Window* window, int notches) {
@@ -64,7 +66,7 @@ void PushWheel(SDL_Window* window, int notches) {
   event.wheel.windowID = SDL_GetWindowID(window);
   event.wheel.y = notches;
   event.wheel.preciseY = static_cast<float>(notches);
-  SDL_PushEvent(&event);
+  PushEvent(event);
 }
 
 void PushClick(SDL_Window* window, int x, int y, int clicks) {
@@ -173,7 +175,7 @@ void PushCloseEvent(SDL_Window* window) {
   event.type = SDL_WINDOWEVENT;
   event.window.windowID = SDL_GetWindowID(window);
   event.window.event = SDL_WINDOWEVENT_CLOSE;
-  SDL_PushEvent(&event);
+  PushEvent(event);
 }
 
 }  // namespace quindle::demo

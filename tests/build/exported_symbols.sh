@@ -8,11 +8,13 @@ export LC_ALL=C
 list=$1
 shift
 
-# Weak symbols are inline code that every user of a header has as well.
+# Weak symbols are inline code that every user of a header has as well. SDL_ttf 2.24 calls "TTF_Font"
+# what was "_TTF_Font" before, which is no change of ours.
 exported() {
   for library in "$@"; do
     nm -D --defined-only "$library" | awk '$2 ~ /^[TDBR]$/ { print $3 }' | c++filt |
-        grep '^quindle::' | sort -u | sed "s|^|$(basename "$library" .so) |"
+        grep '^quindle::' | sed 's/\b_TTF_Font\b/TTF_Font/g' | sort -u |
+        sed "s|^|$(basename "$library" .so) |"
   done
 }
 

@@ -248,5 +248,77 @@ TEST_F(DialogScriptTest, PushesTextInWholeCharacters) {
   EXPECT_THAT(QueuedEvents(), IsEmpty());
 }
 
+std::vector<Uint32> QueuedTypes() {
+  std::vector<Uint32> types;
+  for (const SDL_Event& event : QueuedEvents()) {
+    types.push_back(event.type);
+  }
+  return types;
+}
+
+// A text event's way into the queue may differ from that of the others, its place must not.
+TEST_F(DialogScriptTest, PushesTextBetweenOtherEvents) {
+  KeyDown(SDLK_a);
+  TextInput("ä", 7);
+  KeyUp(SDLK_a);
+  EXPECT_THAT(QueuedTypes(), ElementsAre(SDL_KEYDOWN, SDL_TEXTINPUT, SDL_KEYUP));
+  const SDL_Event text = QueuedEvents()[1];
+  EXPECT_STREQ(text.text.text, "ä");
+  EXPECT_EQ(text.text.windowID, 7U);
+}
+
+class EventsLeftBehindTest : public DialogTest {
+ protected:
+  // The id of a window that is no more, with an empty queue.
+  static Uint32 IdOfAGoneWindow() {
+    SDL_Window* const window = SDL_CreateWindow("Gone", 0, 0, 64, 64, 0);
+    const Uint32 id = SDL_GetWindowID(window);
+    SDL_DestroyWindow(window);
+    FlushEvents();
+    return id;
+  }
+
+  static constexpr Uint8 kNewsOfItsGoing[] = {SDL_WINDOWEVENT_HIDDEN, SDL_WINDOWEVENT_LEAVE,
+                                              SDL_WINDOWEVENT_FOCUS_LOST};
+};
+
+TEST_F(EventsLeftBehindTest, AreNoneWhenAWindowOnlyComesAndGoes) {
+  SDL_Window* const window = SDL_CreateWindow("Short", 0, 0, 64, 64, 0);
+  SDL_RaiseWindow(window);
+  FlushEvents();
+  SDL_DestroyWindow(window);
+  SDL_PumpEvents();
+  EXPECT_THAT(EventsLeftBehind(), IsEmpty());
+}
+
+TEST_F(EventsLeftBehindTest, LeaveOutTheNewsOfAGoneWindowsGoing) {
+  const Uint32 gone = IdOfAGoneWindow();
+  for (const Uint8 news : kNewsOfItsGoing) {
+    WindowEvent(gone, news);
+  }
+  EXPECT_THAT(QueuedEvents(), SizeIs(3));
+  EXPECT_THAT(EventsLeftBehind(), IsEmpty());
+}
+
+TEST_F(EventsLeftBehindTest, HoldTheSameNewsOfOtherWindowsAndOfNone) {
+  const Uint32 alive = SDL_GetWindowID(MakeParent());
+  for (const Uint8 news : kNewsOfItsGoing) {
+    WindowEvent(alive, news);
+    WindowEvent(0, news);
+  }
+  EXPECT_THAT(EventsLeftBehind(), SizeIs(6));
+}
+
+TEST_F(EventsLeftBehindTest, HoldAllElseThatNamesAGoneWindow) {
+  const Uint32 gone = IdOfAGoneWindow();
+  CloseWindow(gone);
+  Resized(gone, 100, 100);
+  WindowEvent(gone, SDL_WINDOWEVENT_ENTER);
+  WindowEvent(gone, SDL_WINDOWEVENT_FOCUS_GAINED);
+  KeyDown(SDLK_a, gone);
+  Quit();
+  EXPECT_THAT(EventsLeftBehind(), SizeIs(6));
+}
+
 }  // namespace
 }  // namespace quindle::testing

@@ -124,15 +124,6 @@ inline std::vector<std::function<void()>> WaysOut(SDL_Point cancel_button) {
   };
 }
 
-// What a dialog that has ended did not read. SDL itself still queues that its window was hidden.
-inline std::vector<SDL_Event> EventsLeftBehind() {
-  std::vector<SDL_Event> events = QueuedEvents();
-  std::erase_if(events, [](const SDL_Event& event) {
-    return event.type == SDL_WINDOWEVENT && event.window.event == SDL_WINDOWEVENT_HIDDEN;
-  });
-  return events;
-}
-
 // --- Folder picker -------------------------------------------------------------------------------
 
 inline constexpr SDL_Point kPickerUseButton{719, 515};

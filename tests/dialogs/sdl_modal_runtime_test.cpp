@@ -489,13 +489,10 @@ class ModalLoop : public DialogTest {
   static constexpr SDL_Color kButtonFill{48, 54, 68, 255};
   static constexpr SDL_Color kButtonHoverFill{68, 76, 92, 255};
 
-  // The types of what is queued; an event of a window that is gone says that it was hidden.
-  static std::vector<Uint32> QueuedTypes() {
+  static std::vector<Uint32> TypesLeftBehind() {
     std::vector<Uint32> types;
-    for (const SDL_Event& event : testing::QueuedEvents()) {
-      if (event.type != SDL_WINDOWEVENT || event.window.event != SDL_WINDOWEVENT_HIDDEN) {
-        types.push_back(event.type);
-      }
+    for (const SDL_Event& event : testing::EventsLeftBehind()) {
+      types.push_back(event.type);
     }
     return types;
   }
@@ -590,7 +587,7 @@ TEST_F(ModalLoop, WindowEventsOfOtherWindowsAreConsumedAndDropped) {
       .Step([] { testing::CloseWindow(testing::WindowId()); });
   EXPECT_EQ(MakeBox().Show(MakeParent(), 1.0F), -1);
   EXPECT_EQ(script.frames(), 4);
-  EXPECT_THAT(QueuedTypes(), IsEmpty());
+  EXPECT_THAT(TypesLeftBehind(), IsEmpty());
 }
 
 TEST_F(ModalLoop, OtherEventsOfItsOwnWindowDoNotCloseIt) {
@@ -612,7 +609,7 @@ TEST_F(ModalLoop, QuitIsConsumed) {
   DialogScript script;
   script.Wait().Step([] { testing::Quit(); });
   EXPECT_EQ(MakeBox().Show(MakeParent(), 1.0F), -1);
-  EXPECT_THAT(QueuedTypes(), IsEmpty());
+  EXPECT_THAT(TypesLeftBehind(), IsEmpty());
   EXPECT_EQ(Recorder().presents(), 2);
 }
 

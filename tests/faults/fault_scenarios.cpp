@@ -5,6 +5,7 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "demo_host/push_event.h"
 #include "frontend/gui/about_dialog.h"
 #include "frontend/gui/hdd_create_dialog.h"
 #include "frontend/gui/screenshot_save_dialog.h"
@@ -32,7 +33,7 @@ struct DoesNotEnd : std::runtime_error {
 
 // A push that fails is one of the faults.
 void Push(SDL_Event event) {
-  SDL_PushEvent(&event);
+  demo::PushEvent(event);
 }
 
 void Key(SDL_Keycode key) {

@@ -1,5 +1,6 @@
 #include "support/byte_input.h"
 
+#include "demo_host/push_event.h"
 #include "support/input_events.h"
 #include "support/plain_interposers.h"
 
@@ -94,9 +95,9 @@ SDL_Event EventFrom(const std::uint8_t* bytes) {
 }  // namespace
 
 void PushEventFromBytes(const std::uint8_t* bytes) {
-  SDL_Event event = EventFrom(bytes);
+  const SDL_Event event = EventFrom(bytes);
   PointAtNewestWindow(PositionX(bytes), PositionY(bytes), (bytes[0] & 0x80) != 0);
-  SDL_PushEvent(&event);
+  demo::PushEvent(event);
 }
 
 }  // namespace quindle::testing

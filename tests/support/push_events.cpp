@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 
+#include "demo_host/push_event.h"
 #include "support/call_recorder.h"
 #include "support/input_events.h"
 
@@ -13,7 +14,7 @@ namespace quindle::testing {
 namespace {
 
 void Push(SDL_Event event) {
-  ASSERT_EQ(SDL_PushEvent(&event), 1) << SDL_GetError();
+  ASSERT_EQ(demo::PushEvent(event), 1) << SDL_GetError();
 }
 
 std::size_t BytesForOneEvent(std::string_view text) {
@@ -26,6 +27,22 @@ std::size_t BytesForOneEvent(std::string_view text) {
     --bytes;
   }
   return bytes > 0 ? bytes : kRoom;
+}
+
+// SDL3's own event of this meaning; SDL2 on top of it lets it through, and has no name for it.
+constexpr Uint32 kSdl3WindowDestroyed = 0x219;
+
+bool SaysThatItsWindowGoes(const SDL_Event& event) {
+  if (event.type == kSdl3WindowDestroyed) {
+    return true;
+  }
+  return event.type == SDL_WINDOWEVENT && (event.window.event == SDL_WINDOWEVENT_HIDDEN ||
+                                           event.window.event == SDL_WINDOWEVENT_LEAVE ||
+                                           event.window.event == SDL_WINDOWEVENT_FOCUS_LOST);
+}
+
+bool NamesAWindowThatIsGone(const SDL_Event& event) {
+  return event.window.windowID != 0 && SDL_GetWindowFromID(event.window.windowID) == nullptr;
 }
 
 }  // namespace
@@ -112,6 +129,14 @@ std::vector<SDL_Event> QueuedEvents() {
                                    SDL_FIRSTEVENT, SDL_LASTEVENT);
   events.resize(static_cast<std::size_t>(std::max(count, 0)));
   std::erase_if(events, [](const SDL_Event& event) { return event.type == SDL_POLLSENTINEL; });
+  return events;
+}
+
+std::vector<SDL_Event> EventsLeftBehind() {
+  std::vector<SDL_Event> events = QueuedEvents();
+  std::erase_if(events, [](const SDL_Event& event) {
+    return SaysThatItsWindowGoes(event) && NamesAWindowThatIsGone(event);
+  });
   return events;
 }
 

@@ -48,5 +48,9 @@ void Quit();
 void FlushEvents();
 // What is queued now, oldest first, left where it is; without SDL's sentinels.
 std::vector<SDL_Event> QueuedEvents();
+// What a dialog that has ended left for the host: QueuedEvents() without what SDL itself says of a
+// window that it takes away, and says when nobody is left to read it: that the window is hidden,
+// that the pointer and the focus have left it, and, on top of SDL3, that it is destroyed.
+std::vector<SDL_Event> EventsLeftBehind();
 
 }  // namespace quindle::testing
