@@ -32,6 +32,7 @@ using testing::ProgramResult;
 using testing::RunProgram;
 using testing::TemporaryDirectory;
 
+// SDL2 on top of SDL3 copies SDL_VIDEODRIVER to SDL3's name of it when this program starts.
 ProgramResult RunWithoutDisplay(const std::vector<std::string>& arguments) {
   std::vector<std::string> command = {"env",
                                       "-u",
@@ -42,6 +43,8 @@ ProgramResult RunWithoutDisplay(const std::vector<std::string>& arguments) {
                                       "XDG_RUNTIME_DIR",
                                       "-u",
                                       "SDL_VIDEODRIVER",
+                                      "-u",
+                                      "SDL_VIDEO_DRIVER",
                                       QUINDLE_DEMO_PROGRAM};
   command.insert(command.end(), arguments.begin(), arguments.end());
   return RunProgram(command, std::chrono::seconds(60));

@@ -42,7 +42,7 @@ SdlMessageBox::Config YesNo() {
 
 // What is queued, but for the news of windows that come and go.
 std::vector<SDL_Event> QueuedInput() {
-  std::vector<SDL_Event> events = QueuedEvents();
+  std::vector<SDL_Event> events = EventsLeftBehind();
   std::erase_if(events, [](const SDL_Event& event) { return event.type == SDL_WINDOWEVENT; });
   return events;
 }

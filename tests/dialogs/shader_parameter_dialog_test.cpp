@@ -773,7 +773,7 @@ TEST_F(ShaderLoopTest, NotchSnapsTheSum) {
 TEST_F(ShaderLoopTest, ExtremeAmountsDoNotOverflow) {
   Notch(std::numeric_limits<int>::min(), 100);
   EXPECT_EQ(session_.scroll, 408);
-  Notch(std::numeric_limits<int>::max(), 100);
+  Notch(testing::LargestInEvents(), 100);
   EXPECT_EQ(session_.scroll, 0);
 }
 
@@ -1104,7 +1104,7 @@ TEST_F(ShaderLoopTest, ScrollBarWinsOverASliderUnderIt) {
 
 TEST_F(ShaderLoopTest, ExtremeMotionsDoNotOverflow) {
   MouseDown(885, 100);
-  Motion(std::numeric_limits<int>::max(), std::numeric_limits<int>::max());
+  Motion(testing::LargestInEvents(), testing::LargestInEvents());
   RunFrame();
   EXPECT_EQ(session_.scroll, 408);
   Motion(std::numeric_limits<int>::min(), std::numeric_limits<int>::min());

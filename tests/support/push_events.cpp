@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
+#include <limits>
 
 #include "demo_host/push_event.h"
 #include "support/call_recorder.h"
@@ -115,6 +117,18 @@ void Resized(Uint32 window_id, int width, int height) {
 
 void Quit() {
   Push(MakeQuitEvent());
+}
+
+int LargestInEvents() {
+  constexpr int kLargest = std::numeric_limits<int>::max();
+  FlushEvents();
+  Motion(kLargest, kLargest);
+  const std::vector<SDL_Event> queued = QueuedEvents();
+  FlushEvents();
+  if (queued.size() == 1 && queued[0].motion.x == kLargest) {
+    return kLargest;
+  }
+  return static_cast<int>(std::nextafter(static_cast<float>(kLargest), 0.0F));
 }
 
 void FlushEvents() {

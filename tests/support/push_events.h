@@ -43,6 +43,10 @@ void CloseWindow(Uint32 window_id);
 void Resized(Uint32 window_id, int width, int height);
 void Quit();
 
+// The largest position or turn that leaves SDL's queue as it went in. On top of SDL3 they are
+// floating-point numbers in between, and INT_MAX comes out negative. Leaves the queue empty.
+int LargestInEvents();
+
 // Empties the queue; between two dialogs of one test, because an SDL_PollEvent may have left a
 // sentinel at which the next dialog's first frame would stop reading.
 void FlushEvents();

@@ -111,16 +111,34 @@ std::string AsXpropWindow(X11WindowId window) {
   return text.str();
 }
 
-// A window manager puts the frame's corner where a window asks to be.
+using GeometryOfWindow = SDL_Rect (*)(X11WindowId);
+
+// What stands where a window asks to be, shown by a window of SDL alone: the frame, for which a
+// window manager takes it, or the area inside it, which SDL3 moves there.
+GeometryOfWindow WhatSdlPlaces() {
+  constexpr int kPlace = 300;
+  const OwnedSdlWindow window(
+      SDL_CreateWindow("Placed", kPlace, kPlace, 320, 200, SDL_WINDOW_SHOWN));
+  const X11WindowId id = X11WindowOf(window.get());
+  testing::WaitForX11WindowToRest(id);
+  const bool frame = X11FrameGeometry(id).y == kPlace;
+  const SDL_Rect placed = frame ? X11FrameGeometry(id) : X11WindowGeometry(id);
+  EXPECT_EQ(placed.x, kPlace);
+  EXPECT_EQ(placed.y, kPlace);
+  return frame ? X11FrameGeometry : X11WindowGeometry;
+}
+
 TEST_F(MessageBoxX11, AppearsAtParentsOffset) {
+  const GeometryOfWindow geometry = WhatSdlPlaces();
   const SDL_Rect parent = X11WindowGeometry(ParentId());
-  SDL_Rect frame{};
+  SDL_Rect place{};
   ShowAnd([&](X11WindowId box) {
-    frame = X11FrameGeometry(box);
+    testing::WaitForX11WindowToRest(box);
+    place = geometry(box);
     PressKey("Escape");
   });
-  EXPECT_EQ(frame.x, parent.x + 80);
-  EXPECT_EQ(frame.y, parent.y + 80);
+  EXPECT_EQ(place.x, parent.x + 80);
+  EXPECT_EQ(place.y, parent.y + 80);
 }
 
 TEST_F(MessageBoxX11, IsSizedForItsMessageWhenItAppears) {
