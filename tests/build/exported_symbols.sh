@@ -8,8 +8,8 @@ export LC_ALL=C
 list=$1
 shift
 
-# Weak symbols are inline code that every user of a header has as well. SDL_ttf 2.24 calls "TTF_Font"
-# what was "_TTF_Font" before, which is no change of ours.
+# Weak symbols are inline code that every user of a header has as well. Newer SDL_ttf, such
+# as 2.24, calls "TTF_Font" what was "_TTF_Font" before, which is no change of ours.
 exported() {
   for library in "$@"; do
     nm -D --defined-only "$library" | awk '$2 ~ /^[TDBR]$/ { print $3 }' | c++filt |
