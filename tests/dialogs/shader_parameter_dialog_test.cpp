@@ -1103,8 +1103,9 @@ TEST_F(ShaderLoopTest, ScrollBarWinsOverASliderUnderIt) {
 }
 
 TEST_F(ShaderLoopTest, ExtremeMotionsDoNotOverflow) {
+  const int largest = testing::LargestInEvents();
   MouseDown(885, 100);
-  Motion(testing::LargestInEvents(), testing::LargestInEvents());
+  Motion(largest, largest);
   RunFrame();
   EXPECT_EQ(session_.scroll, 408);
   Motion(std::numeric_limits<int>::min(), std::numeric_limits<int>::min());
