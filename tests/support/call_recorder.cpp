@@ -59,6 +59,11 @@ bool HasFaultFor(const FunctionSlot& slot) {
   return true;
 }
 
+bool IsQuestion(std::string_view function) {
+  return function.starts_with("SDL_Get") || function.starts_with("SDL_GL_Get") ||
+         function == "SDL_WasInit" || function == "SDL_ShowCursor(SDL_QUERY)";
+}
+
 bool IsAbsolutePath(const std::string& path) {
   return path.starts_with('/') || (path.size() > 1 && path[1] == ':');
 }
@@ -185,7 +190,7 @@ std::vector<std::string> CallRecorder::CallsAmong(std::initializer_list<std::str
 std::vector<std::string> CallRecorder::CallsButQuestions() const {
   std::vector<std::string> names;
   for (const Call& call : State().calls) {
-    if (!call.function.starts_with("SDL_Get")) {
+    if (!IsQuestion(call.function)) {
       names.emplace_back(call.function);
     }
   }
@@ -345,6 +350,10 @@ void CallRecorder::UseRealPointer() {
   State().real_pointer = true;
 }
 
+SDL_GLContext CallRecorder::StartOpenGl(SDL_Window* window) {
+  return State().opengl.Start(window);
+}
+
 void CallRecorder::SetDrawMode(DrawMode mode) {
   State().draw_mode = mode;
 }
@@ -363,6 +372,10 @@ void CallRecorder::SleepInDelay(bool sleep) {
 
 void CallRecorder::OnDelay(std::function<void(Uint32 milliseconds)> action) {
   State().on_delay = std::move(action);
+}
+
+void CallRecorder::OnAddEvents(std::function<void()> action) {
+  State().on_add_events = std::move(action);
 }
 
 void PrintTo(const AliveCounts& counts, std::ostream* out) {

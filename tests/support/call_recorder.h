@@ -4,7 +4,7 @@
 // named by WrappedFunctions() are defined in the test program itself; each writes down its call and
 // then forwards to the real function. Nothing ever reaches the user's pointer, browser or screen:
 // URLs and simple message boxes are recorded only, SDL_Delay does not sleep, the pointer is where
-// the test puts it.
+// the test puts it, a captured one too.
 //
 //   CallRecorder& recorder = Recorder();
 //   recorder.FailCall("SDL_CreateRenderer", 2);                 // the second call from now
@@ -186,6 +186,11 @@ class CallRecorder {
   void ClearPointer();
   // Ask SDL for the pointer: for tests on a display of their own.
   void UseRealPointer();
+  // From now on there is an OpenGL, answered here as well, and the context that is returned is
+  // current on `window`. Every renderer made from now on works with a context of its own, as SDL's
+  // do: it is current once the renderer is made or presents, and none is once the renderer is gone.
+  // Making one leaves another kind of context asked for, and all swap intervals at 0.
+  SDL_GLContext StartOpenGl(SDL_Window* window);
   void SetDrawMode(DrawMode mode);
   void SetMeasureMode(MeasureMode mode);
   // Answers SDL_GetCurrentVideoDriver, for what the library does on one system and not on another;
@@ -195,6 +200,8 @@ class CallRecorder {
   void SleepInDelay(bool sleep);
   // Called in SDL_Delay, the end of each frame; for tests that act without a heartbeat.
   void OnDelay(std::function<void(Uint32 milliseconds)> action);
+  // Called before SDL_PeepEvents adds events, which is when another thread may add its own.
+  void OnAddEvents(std::function<void()> action);
 };
 
 // The one recorder of the test program.

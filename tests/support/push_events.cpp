@@ -137,7 +137,7 @@ void FlushEvents() {
 }
 
 std::vector<SDL_Event> QueuedEvents() {
-  constexpr std::size_t kMost = 4096;
+  constexpr std::size_t kMost = 65535;
   std::vector<SDL_Event> events(kMost);
   const int count = SDL_PeepEvents(events.data(), static_cast<int>(kMost), SDL_PEEKEVENT,
                                    SDL_FIRSTEVENT, SDL_LASTEVENT);

@@ -12,6 +12,7 @@
 #include <type_traits>
 
 #include "support/call_recorder.h"
+#include "support/fake_opengl.h"
 
 namespace quindle::testing {
 
@@ -99,9 +100,12 @@ struct RecorderState {
   Uint32 pointer_buttons = 0;
   DrawMode draw_mode = DrawMode::Forwarded;
   MeasureMode measure_mode = MeasureMode::Real;
+  FakeOpenGl opengl;
+  bool relative_mouse = false;
   bool sleep_in_delay = false;
   std::optional<std::string> video_driver;
   std::function<void(Uint32)> on_delay;
+  std::function<void()> on_add_events;
 };
 
 // Never destroyed: calls come in until the very end of the process.

@@ -180,6 +180,7 @@ void SDL_DestroyWindow(SDL_Window* window) {
     AddViolation("a window was destroyed before its renderer");
   }
   State().baseline.erase(window);
+  State().opengl.WindowEnds(window);
   real(window);
 }
 
@@ -315,6 +316,9 @@ SDL_Renderer* SDL_CreateRenderer(SDL_Window* window, int index, Uint32 flags) {
     made.order = ++state.creations;
     state.alive_renderers[renderer] = made;
   }
+  if (state.opengl.IsThere()) {
+    state.opengl.RendererMade(window, renderer);
+  }
   return renderer;
 }
 
@@ -333,6 +337,7 @@ void SDL_DestroyRenderer(SDL_Renderer* renderer) {
   if (State().unpresented.renderer == renderer) {
     State().unpresented = Frame{};
   }
+  State().opengl.RendererEnds();
   real(renderer);
 }
 
@@ -489,6 +494,10 @@ void SDL_RenderPresent(SDL_Renderer* renderer) {
   QUINDLE_REAL(SDL_RenderPresent);
   EnterCall(slot, renderer);
   FinishFrame(renderer);
+  const RendererState* const found = FindRenderer(renderer);
+  if (found != nullptr && State().opengl.IsThere()) {
+    State().opengl.RendererPresents(found->window, renderer);
+  }
   if (IsDrawing()) {
     real(renderer);
   }

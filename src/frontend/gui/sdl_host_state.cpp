@@ -3,10 +3,13 @@
 namespace quindle::frontend::gui {
 namespace {
 
-// The state that the innermost dialog has set aside; null while code of the host runs.
+// That of the innermost dialog which is not covered by another's; null while no dialog is open.
 ModalHostState* g_innermost = nullptr;
 
-GraphicsContext CurrentGraphicsContext() {
+constexpr std::array<SDL_GLattr, 3> kContextAttributes{
+    SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_MAJOR_VERSION, SDL_GL_CONTEXT_MINOR_VERSION};
+
+GraphicsContext CurrentGraphics() {
   GraphicsContext current;
   current.context = SDL_GL_GetCurrentContext();
   if (current.context != nullptr) {
@@ -16,15 +19,17 @@ GraphicsContext CurrentGraphicsContext() {
   return current;
 }
 
-bool IsCurrent(const GraphicsContext& graphics) {
-  return SDL_GL_GetCurrentContext() == graphics.context &&
-         SDL_GL_GetCurrentWindow() == graphics.window;
+bool AreSame(const GraphicsContext& a, const GraphicsContext& b) {
+  return a.context == b.context && a.window == b.window;
+}
+
+GraphicsContext HostGraphics() {
+  return g_innermost == nullptr ? CurrentGraphics() : g_innermost->Graphics();
 }
 
 // Does nothing for a host without a context, and when the host has destroyed the window meanwhile.
 void MakeCurrent(const GraphicsContext& graphics) {
-  if (graphics.context != nullptr && !IsCurrent(graphics) &&
-      SDL_GetWindowFromID(graphics.window_id) == graphics.window) {
+  if (graphics.context != nullptr && SDL_GetWindowFromID(graphics.window_id) == graphics.window) {
     SDL_GL_MakeCurrent(graphics.window, graphics.context);
   }
 }
@@ -32,20 +37,19 @@ void MakeCurrent(const GraphicsContext& graphics) {
 }  // namespace
 
 ModalHostState::ModalHostState()
-    : outer_(g_innermost),
-      graphics_(outer_ != nullptr ? outer_->graphics_ : CurrentGraphicsContext()),
-      relative_mouse_(SDL_GetRelativeMouseMode() == SDL_TRUE),
-      hidden_cursor_(SDL_ShowCursor(SDL_QUERY) == SDL_DISABLE) {
+    : outer_(g_innermost), is_covered_(outer_ != nullptr && !outer_->RunsHostCode()) {
+  if (is_covered_) {
+    return;
+  }
+  graphics_ = HostGraphics();
   g_innermost = this;
-  if (relative_mouse_) {
-    SDL_SetRelativeMouseMode(SDL_FALSE);
-  }
-  if (hidden_cursor_) {
-    SDL_ShowCursor(SDL_ENABLE);
-  }
+  FreeMouse();
 }
 
 ModalHostState::~ModalHostState() {
+  if (is_covered_) {
+    return;
+  }
   if (hidden_cursor_) {
     SDL_ShowCursor(SDL_DISABLE);
   }
@@ -56,15 +60,78 @@ ModalHostState::~ModalHostState() {
   MakeCurrent(graphics_);
 }
 
-HostCallbackScope::HostCallbackScope() : caller_(g_innermost) {
-  if (caller_ != nullptr) {
-    MakeCurrent(caller_->graphics());
+GraphicsContext ModalHostState::Graphics() const {
+  if (runs_host_code_) {
+    const GraphicsContext current = CurrentGraphics();
+    // What the host's code has found and left alone may be a dialog's.
+    return AreSame(current, found_by_host_code_) ? graphics_ : current;
   }
-  g_innermost = nullptr;
+  return graphics_;
+}
+
+void ModalHostState::EnterHostCode() {
+  MakeCurrent(graphics_);
+  found_by_host_code_ = CurrentGraphics();
+  runs_host_code_ = true;
+}
+
+void ModalHostState::LeaveHostCode() {
+  graphics_ = Graphics();
+  runs_host_code_ = false;
+  FreeMouse();
+}
+
+void ModalHostState::FreeMouse() {
+  // Before SDL video runs its cursor counts as hidden; the first window starts it.
+  if (SDL_WasInit(SDL_INIT_VIDEO) == 0) {
+    return;
+  }
+  if (SDL_GetRelativeMouseMode() == SDL_TRUE) {
+    relative_mouse_ = true;
+    SDL_SetRelativeMouseMode(SDL_FALSE);
+  }
+  if (SDL_ShowCursor(SDL_QUERY) == SDL_DISABLE) {
+    hidden_cursor_ = true;
+    SDL_ShowCursor(SDL_ENABLE);
+  }
+}
+
+HostCallbackScope::HostCallbackScope()
+    : caller_(g_innermost != nullptr && !g_innermost->RunsHostCode() ? g_innermost : nullptr) {
+  if (caller_ != nullptr) {
+    caller_->EnterHostCode();
+  }
 }
 
 HostCallbackScope::~HostCallbackScope() {
-  g_innermost = caller_;
+  if (caller_ != nullptr) {
+    caller_->LeaveHostCode();
+  }
+}
+
+HostGraphicsSettings::HostGraphicsSettings() : graphics_(HostGraphics()) {
+  if (graphics_.context == nullptr) {
+    return;
+  }
+  for (std::size_t i = 0; i < attributes_.size(); ++i) {
+    SDL_GL_GetAttribute(kContextAttributes[i], &attributes_[i]);
+  }
+  MakeCurrent(graphics_);
+  swap_interval_ = SDL_GL_GetSwapInterval();
+}
+
+HostGraphicsSettings::~HostGraphicsSettings() {
+  if (graphics_.context == nullptr) {
+    return;
+  }
+  for (std::size_t i = 0; i < attributes_.size(); ++i) {
+    SDL_GL_SetAttribute(kContextAttributes[i], attributes_[i]);
+  }
+  MakeCurrent(graphics_);
+  // What the host has never set may be the driver's own, of which SDL does not know.
+  if (SDL_GL_GetSwapInterval() != swap_interval_) {
+    SDL_GL_SetSwapInterval(swap_interval_);
+  }
 }
 
 }  // namespace quindle::frontend::gui

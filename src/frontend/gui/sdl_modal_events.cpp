@@ -1,11 +1,14 @@
 #include "frontend/gui/sdl_modal_events.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
 #include <new>
 
 namespace quindle::frontend::gui {
 namespace {
 
-// As many as SDL itself would hold: a host that posts without end must not fill the memory.
+// As many as SDL's queue holds: a host that posts without end must not fill the memory.
 constexpr std::size_t kMaxKeptEvents = 65535;
 
 // How many queues of dialogs have gone out of scope. All dialogs run on one thread.
@@ -83,14 +86,54 @@ Uint32 InputWindowId(const SDL_Event& event) {
 }
 
 // Moves all that is in the queue behind `events`. Where memory ends, the rest stays in the queue.
-void TakeUnread(std::vector<SDL_Event>* events) {
-  try {
-    do {
-      events->emplace_back();
-    } while (SDL_PeepEvents(&events->back(), 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1);
-    events->pop_back();
-  } catch (const std::bad_alloc&) {
-    return;
+void TakeQueued(std::vector<SDL_Event>* events) {
+  // Far more than a queue holds as a rule, so that one call takes all.
+  constexpr int kChunk = 1024;
+  int taken = 0;
+  do {
+    const std::size_t known = events->size();
+    try {
+      events->resize(known + kChunk);
+    } catch (const std::bad_alloc&) {
+      return;
+    }
+    taken = SDL_PeepEvents(&(*events)[known], kChunk, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT);
+    events->resize(known + static_cast<std::size_t>(std::max(taken, 0)));
+  } while (taken == kChunk);
+}
+
+// Not pushed: no event watch must see them twice.
+int AddToQueue(std::vector<SDL_Event>* events) {
+  return SDL_PeepEvents(events->data(), static_cast<int>(events->size()), SDL_ADDEVENT,
+                        SDL_FIRSTEVENT, SDL_LASTEVENT);
+}
+
+bool AreSame(const SDL_Event& a, const SDL_Event& b) {
+  return std::memcmp(&a, &b, sizeof(SDL_Event)) == 0;
+}
+
+bool IsFirstInQueue(const SDL_Event& event) {
+  SDL_Event first{};
+  return SDL_PeepEvents(&first, 1, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1 &&
+         AreSame(first, event);
+}
+
+// Puts `events` in front of all that is queued. SDL adds at the end only, so what is queued is
+// taken out first. What another thread adds in that moment stands in front then, although it is
+// younger; the same is done again, with that behind.
+void PutInFront(std::vector<SDL_Event>* events) {
+  constexpr int kMostTries = 20;
+  const SDL_Event first = events->front();
+  TakeQueued(events);
+  int added = AddToQueue(events);
+  for (int tries = 1; added > 0 && !IsFirstInQueue(first) && tries < kMostTries; ++tries) {
+    events->clear();
+    TakeQueued(events);
+    const auto own = std::find_if(events->begin(), events->end(), [&first](const SDL_Event& event) {
+      return AreSame(event, first);
+    });
+    std::rotate(events->begin(), own, own + std::min<std::ptrdiff_t>(added, events->end() - own));
+    added = AddToQueue(events);
   }
 }
 
@@ -101,13 +144,9 @@ ModalEventQueue::ModalEventQueue(SDL_Window* window)
 
 ModalEventQueue::~ModalEventQueue() {
   ++g_ended_queues;
-  if (kept_.empty()) {
-    return;
+  if (!kept_.empty()) {
+    PutInFront(&kept_);
   }
-  TakeUnread(&kept_);
-  // Not pushed: no event watch must see them twice.
-  SDL_PeepEvents(kept_.data(), static_cast<int>(kept_.size()), SDL_ADDEVENT, SDL_FIRSTEVENT,
-                 SDL_LASTEVENT);
 }
 
 bool ModalEventQueue::Poll(SDL_Event* event) {

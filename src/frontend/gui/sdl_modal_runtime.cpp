@@ -15,6 +15,7 @@ std::function<void()> g_modal_heartbeat;
 std::mutex g_modal_heartbeat_mutex;
 
 OwnedSdlRenderer CreateModalRenderer(SDL_Window* window, ModalRendererMode mode) {
+  const HostGraphicsSettings host_settings;
   OwnedSdlRenderer renderer;
   if (mode != ModalRendererMode::Software) {
     renderer.reset(SDL_CreateRenderer(window, -1, SDL_RENDERER_ACCELERATED));
