@@ -19,6 +19,8 @@ class GuestView {
 
   // Draws `picture` over all of `area`, in pixels of `renderer`'s window.
   virtual void Draw(SDL_Renderer* renderer, const GuestPicture& picture, const SDL_Rect& area) = 0;
+  // False when what the view draws with was taken away since it was drawn last.
+  virtual bool IsReady() const { return true; }
   // A few words for the status line; empty: nothing to say.
   virtual std::string Describe() const = 0;
 };

@@ -6,8 +6,10 @@
 #include <exception>
 
 #include "frontend/gui/sdl_ui_font_cache.h"
+#include "gl_context_guard.h"
 #include "json_output.h"
 #include "sdl_session.h"
+#include "shader_view.h"
 
 namespace quindle::demo {
 namespace {
@@ -67,6 +69,11 @@ std::vector<std::string> MakeCaptions(const DemoCommands& commands) {
     captions.push_back(NumberKey(i) == '\0' ? label : NumberKey(i) + ("  " + label));
   }
   return captions;
+}
+
+void ToggleFullScreen(SDL_Window* window) {
+  const bool is_full = (SDL_GetWindowFlags(window) & SDL_WINDOW_FULLSCREEN) != 0;
+  SDL_SetWindowFullscreen(window, is_full ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
 }
 
 // Draws text that never leaves `area`: broken into lines there, and cut at its edges.
@@ -147,6 +154,7 @@ void HostWindow::Tick() {
   // After a long pause the animation goes on from here; it does not catch up.
   next_frame_ms_ = std::max(next_frame_ms_ + period, SDL_GetTicks64());
   session_.guest.Advance();
+  lost_contexts_ += session_.view->IsReady() ? 0 : 1;
   Draw();
 }
 
@@ -158,7 +166,7 @@ void HostWindow::HandleEvent(const SDL_Event& event) {
       break;
     case SDL_KEYDOWN:
       if (event.key.repeat == 0) {
-        RunCommand(CommandOfKey(event.key.keysym.sym));
+        HandleKey(event.key.keysym.sym);
       }
       break;
     case SDL_MOUSEBUTTONDOWN:
@@ -171,6 +179,22 @@ void HostWindow::HandleEvent(const SDL_Event& event) {
       break;
     default:
       break;
+  }
+}
+
+void HostWindow::HandleKey(SDL_Keycode key) {
+  switch (key) {
+    case SDLK_g:
+      ToggleShaderView(session_);
+      break;
+    case SDLK_m:
+      SDL_SetRelativeMouseMode(SDL_GetRelativeMouseMode() == SDL_TRUE ? SDL_FALSE : SDL_TRUE);
+      break;
+    case SDLK_F11:
+      ToggleFullScreen(Window());
+      break;
+    default:
+      RunCommand(CommandOfKey(key));
   }
 }
 
@@ -230,6 +254,12 @@ std::string HostWindow::StatusText() const {
   if (!session_.view->Describe().empty()) {
     add(session_.view->Describe());
   }
+  if (lost_contexts_ > 0) {
+    add("OpenGL contexts lost: " + std::to_string(lost_contexts_));
+  }
+  if (SDL_GetRelativeMouseMode() == SDL_TRUE) {
+    add("mouse captured, M frees it");
+  }
   if (!session_.last_folder.empty()) {
     add("folder: " + session_.last_folder);
   }
@@ -237,6 +267,8 @@ std::string HostWindow::StatusText() const {
 }
 
 void HostWindow::Draw() {
+  // SDL's renderer may work with OpenGL as well.
+  const GlContextGuard guests_context;
   SDL_Renderer* renderer = bundle_.renderer.get();
   const HostLayout layout = Layout();
   SetColour(renderer, kBackground);

@@ -32,6 +32,10 @@ class HostWindow {
   void AdvanceGuest() { session_.guest.Advance(); }
   void Draw();
 
+  // How often the guest view's OpenGL context was not there when a picture was due.
+  int LostContexts() const { return lost_contexts_; }
+  const GuestView& View() const { return *session_.view; }
+
   SDL_Window* Window() const { return bundle_.window.get(); }
   void SetResultText(std::string text) { result_text_ = std::move(text); }
 
@@ -41,6 +45,7 @@ class HostWindow {
   int MillisecondsToNextFrame() const;
   void HandleEvent(const SDL_Event& event);
   void HandleMouseRelease(const SDL_MouseButtonEvent& event);
+  void HandleKey(SDL_Keycode key);
   void RunCommand(int index);
   HostLayout Layout() const;
   std::vector<int> CaptionWidths() const;
@@ -51,9 +56,12 @@ class HostWindow {
   frontend::gui::ModalWindowBundle bundle_;
   DemoSession session_;
   std::vector<std::string> captions_;
-  std::string result_text_ = "Press a button, or the number key before its name.";
+  std::string result_text_ =
+      "Press a button, or the number key before its name. G: guest through OpenGL, M: capture the "
+      "mouse, F11: full screen.";
   Uint64 next_frame_ms_ = 0;  // SDL_GetTicks64 time of the next guest frame.
-  int pressed_button_ = -1;   // Where the left button went down; -1: nowhere.
+  int lost_contexts_ = 0;
+  int pressed_button_ = -1;  // Where the left button went down; -1: nowhere.
   bool dialog_open_ = false;
   bool closing_ = false;
 };

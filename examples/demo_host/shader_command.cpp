@@ -23,8 +23,6 @@ using frontend::gui::ShaderParameterSpec;
 using frontend::gui::ShaderParameterValue;
 using Values = std::vector<ShaderParameterValue>;
 
-constexpr const char* kDemoPreset = "data/shaders/demo_crt.glslp";
-
 // Reads NAME=VALUE. A value holds no '=', a name may.
 ShaderParameterValue ParseSetting(const std::string& argument) {
   const size_t equals = argument.rfind('=');
@@ -174,12 +172,9 @@ class ShaderCommand : public DemoCommand {
   }
 
   Json ShowInHost(DemoSession& session) override {
-    ShaderGuestView& view = InstallView(session);
-    const Values before = values_;
-    const auto show_values = [this, &view](const Values& values) {
-      values_ = values;
-      view.SetParameters(values);
-    };
+    ShaderGuestView& view = InstallShaderView(session);
+    const Values before = view.Parameters();
+    const auto show_values = [&view](const Values& values) { view.SetParameters(values); };
     const ShaderDialogResult result = Show(session.host, kDemoPreset, before, show_values);
     if (!result.applied) {
       show_values(before);
@@ -240,24 +235,8 @@ class ShaderCommand : public DemoCommand {
     }
   }
 
-  // The demo window shows its picture through the shader from the first use of the dialog on.
-  ShaderGuestView& InstallView(DemoSession& session) {
-    if (auto* const installed = dynamic_cast<ShaderGuestView*>(session.view.get())) {
-      return *installed;
-    }
-    auto view = std::make_unique<ShaderGuestView>(ResolveShaderGlslPath(kDemoPreset));
-    ShaderGuestView& installed = *view;
-    session.view = std::move(view);
-    values_ = frontend::gui::InitializeShaderDialogResult(ParseShaderParameterSpecs(kDemoPreset),
-                                                          ParseGlslpParameterOverrides(kDemoPreset))
-                  .values;
-    installed.SetParameters(values_);
-    return installed;
-  }
-
   std::string file_;
   std::vector<std::string> settings_;
-  Values values_;  // What the demo window's picture is shown with.
 };
 
 }  // namespace

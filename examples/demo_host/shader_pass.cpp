@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "gl_context_guard.h"
+
 namespace quindle::demo {
 namespace {
 
@@ -14,24 +16,6 @@ constexpr const char* kVertexSource =
     "  gl_Position = gl_Vertex;\n"
     "  Position = gl_Vertex.xy * 0.5 + 0.5;\n"
     "}\n";
-
-// Makes a context current while it lives, then the one before.
-class CurrentGlContext {
- public:
-  CurrentGlContext(SDL_Window* window, SDL_GLContext context)
-      : former_window_(SDL_GL_GetCurrentWindow()), former_context_(SDL_GL_GetCurrentContext()) {
-    SDL_GL_MakeCurrent(window, context);
-  }
-  CurrentGlContext(const CurrentGlContext&) = delete;
-  CurrentGlContext& operator=(const CurrentGlContext&) = delete;
-  CurrentGlContext(CurrentGlContext&&) = delete;
-  CurrentGlContext& operator=(CurrentGlContext&&) = delete;
-  ~CurrentGlContext() { SDL_GL_MakeCurrent(former_window_, former_context_); }
-
- private:
-  SDL_Window* former_window_;
-  SDL_GLContext former_context_;
-};
 
 std::runtime_error NoOpenGl() {
   return std::runtime_error(std::string("no OpenGL context: ") + SDL_GetError());
@@ -83,16 +67,16 @@ ShaderPass::ShaderPass(const std::string& source) {
   if (window_ == nullptr) {
     throw NoOpenGl();
   }
-  SDL_Window* const former_window = SDL_GL_GetCurrentWindow();
-  const SDL_GLContext former_context = SDL_GL_GetCurrentContext();
   context_.reset(SDL_GL_CreateContext(window_.get()));
-  SDL_GL_MakeCurrent(former_window, former_context);
   if (context_ == nullptr) {
     throw NoOpenGl();
   }
-  const CurrentGlContext current(window_.get(), context_.get());
   gl_ = LoadGlFunctions();
   Build(source);
+}
+
+bool ShaderPass::IsCurrent() const {
+  return SDL_GL_GetCurrentContext() == context_.get() && SDL_GL_GetCurrentWindow() == window_.get();
 }
 
 void ShaderPass::Build(const std::string& source) {
@@ -110,7 +94,8 @@ void ShaderPass::Build(const std::string& source) {
 }
 
 void ShaderPass::SetParameters(const std::vector<frontend::gui::ShaderParameterValue>& values) {
-  const CurrentGlContext current(window_.get(), context_.get());
+  const GlContextGuard former;
+  SDL_GL_MakeCurrent(window_.get(), context_.get());
   gl_.UseProgram(program_);
   for (const frontend::gui::ShaderParameterValue& value : values) {
     // A location of -1 is passed over by OpenGL itself.
@@ -119,7 +104,8 @@ void ShaderPass::SetParameters(const std::vector<frontend::gui::ShaderParameterV
 }
 
 OwnedSdlSurface ShaderPass::Render(SDL_Surface* picture, int width, int height) {
-  const CurrentGlContext current(window_.get(), context_.get());
+  const GlContextGuard former;
+  SDL_GL_MakeCurrent(window_.get(), context_.get());
   OwnedSdlSurface result(
       SDL_CreateRGBSurfaceWithFormat(0, width, height, 32, SDL_PIXELFORMAT_RGBA32));
   gl_.BindFramebuffer(GL_FRAMEBUFFER, framebuffer_);

@@ -19,7 +19,7 @@ struct DeleteGlContext {
 using OwnedGlContext = std::unique_ptr<std::remove_pointer_t<SDL_GLContext>, DeleteGlContext>;
 
 // Runs one fragment shader over a picture, in an OpenGL context of its own that no window shows.
-// Whatever context was current stays so. The shader gets
+// That context is current from the start; if another one is, it stays so. The shader gets
 //   varying vec2 Position       0 .. 1 from the top-left corner
 //   uniform sampler2D Picture   the picture
 //   uniform vec2 PictureSize    its size in pixels
@@ -37,6 +37,9 @@ class ShaderPass {
 
   // Sets the uniforms of these names; those that the shader does not have are passed over.
   void SetParameters(const std::vector<frontend::gui::ShaderParameterValue>& values);
+
+  // Whether its context is the current one.
+  bool IsCurrent() const;
 
   // Draws `picture` through the shader at `width` x `height` pixels, which are 1 or more. Null when
   // the driver refuses.

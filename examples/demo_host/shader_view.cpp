@@ -7,8 +7,12 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "frontend/gui/shader_parameter_dialog.h"
+
 namespace quindle::demo {
 namespace {
+
+namespace gui = frontend::gui;
 
 std::string ReadFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
@@ -33,6 +37,7 @@ ShaderGuestView::ShaderGuestView(const std::string& path) {
 
 void ShaderGuestView::SetParameters(
     const std::vector<frontend::gui::ShaderParameterValue>& values) {
+  parameters_ = values;
   if (pass_ != nullptr) {
     pass_->SetParameters(values);
   }
@@ -51,6 +56,28 @@ void ShaderGuestView::Draw(SDL_Renderer* renderer, const GuestPicture& picture,
     return;
   }
   SDL_RenderCopy(renderer, texture.get(), nullptr, &area);
+}
+
+ShaderGuestView& InstallShaderView(DemoSession& session) {
+  if (auto* const installed = dynamic_cast<ShaderGuestView*>(session.view.get())) {
+    return *installed;
+  }
+  auto view = std::make_unique<ShaderGuestView>(gui::ResolveShaderGlslPath(kDemoPreset));
+  ShaderGuestView& installed = *view;
+  session.view = std::move(view);
+  installed.SetParameters(
+      gui::InitializeShaderDialogResult(gui::ParseShaderParameterSpecs(kDemoPreset),
+                                        gui::ParseGlslpParameterOverrides(kDemoPreset))
+          .values);
+  return installed;
+}
+
+void ToggleShaderView(DemoSession& session) {
+  if (dynamic_cast<ShaderGuestView*>(session.view.get()) != nullptr) {
+    session.view = std::make_unique<PlainGuestView>();
+  } else {
+    InstallShaderView(session);
+  }
 }
 
 }  // namespace quindle::demo

@@ -12,6 +12,8 @@
 #include <vector>
 
 #include "command_table.h"
+#include "host_window.h"
+#include "sdl_session.h"
 #include "support/child_process.h"
 #include "support/temporary_directory.h"
 #include "support/wait_until.h"
@@ -134,6 +136,79 @@ TEST_F(DemoWindow, EveryDialogOpensByItsKey) {
     PressKey("Escape");
     WaitForX11Focus(host_);
   }
+}
+
+// The line of the status, in a window of 900 x 760 pixels.
+constexpr SDL_Rect kStatusLine{12, 722, 876, 28};
+
+TEST_F(DemoWindow, KeyMCapturesTheMouseWhichIsFreeInADialog) {
+  const std::string free = PixelsIn(host_, kStatusLine);
+  PressKey("m");
+  ASSERT_TRUE(testing::WaitUntil([&] { return PixelsIn(host_, kStatusLine) != free; }));
+  const std::string captured = PixelsIn(host_, kStatusLine);
+  PressKey("1");
+  const X11WindowId box = WaitForX11Window(kBoxTitle);
+  WaitForX11Focus(box);
+  testing::WaitForX11WindowToRest(box);
+  const SDL_Rect size = testing::X11WindowGeometry(box);
+  ClickAt(box, size.w - 72, size.h - 36);
+  WaitForX11WindowGone(kBoxTitle);
+  WaitForX11Focus(host_);
+  EXPECT_TRUE(testing::WaitUntil([&] { return PixelsIn(host_, kStatusLine) == captured; }));
+  PressKey("m");
+  EXPECT_TRUE(testing::WaitUntil([&] { return PixelsIn(host_, kStatusLine) == free; }));
+}
+
+TEST_F(DemoWindow, KeyF11FillsTheScreenUnderADialogToo) {
+  const auto fills_screen = [this] {
+    const SDL_Rect area = testing::X11WindowGeometry(host_);
+    return area.w == 1280 && area.h == 1024;
+  };
+  PressKey("F11");
+  ASSERT_TRUE(testing::WaitUntil(fills_screen));
+  PressKey("1");
+  WaitForX11Focus(WaitForX11Window(kBoxTitle));
+  EXPECT_TRUE(fills_screen());
+  PressKey("Escape");
+  WaitForX11Focus(host_);
+  EXPECT_TRUE(fills_screen());
+  PressKey("F11");
+  EXPECT_TRUE(testing::WaitUntil([&] { return testing::X11WindowGeometry(host_).w == 900; }));
+}
+
+TEST_F(DemoWindow, KeyGShowsTheGuestThroughOpenGlAndBack) {
+  const std::string plain = PixelsIn(host_, kStatusLine);
+  PressKey("g");
+  EXPECT_TRUE(testing::WaitUntil([&] { return PixelsIn(host_, kStatusLine) != plain; }));
+  ExpectAnimated();
+  PressKey("g");
+  EXPECT_TRUE(testing::WaitUntil([&] { return PixelsIn(host_, kStatusLine) == plain; }));
+}
+
+// In the test's own process, where the host can be asked.
+class DemoHost : public testing::X11DisplayTest {};
+
+TEST_F(DemoHost, DrawsWithItsOpenGlContextUnderEveryDialog) {
+  const SdlSession session(VideoChoice::Display);
+  const DemoCommands commands = MakeDemoCommands();
+  HostWindow host(commands);
+  const testing::X11Hands hands([&] {
+    const X11WindowId window = WaitForX11Window(kHostTitle);
+    WaitForX11Focus(window);
+    PressKey("g");
+    for (std::size_t i = 0; i < std::min<std::size_t>(commands.size(), 10); ++i) {
+      PressKey(std::string(1, "1234567890"[i]));
+      testing::WaitForX11Step("dialog " + std::to_string(i),
+                              [&] { return testing::FocusedX11Window() != window; });
+      SDL_Delay(200);  // Ten pictures of the guest.
+      PressKey("Escape");
+      WaitForX11Focus(window);
+    }
+    testing::CloseByWindowManager(window);
+  });
+  host.Run();
+  EXPECT_EQ(host.View().Describe(), "shader: demo_crt.glsl");
+  EXPECT_EQ(host.LostContexts(), 0);
 }
 
 class MessageProgram : public testing::X11DisplayTest {};
