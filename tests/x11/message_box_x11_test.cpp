@@ -13,6 +13,7 @@
 
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
+#include "frontend/gui/window_focus.h"
 #include "support/x11_display.h"
 
 namespace quindle::frontend::gui {
@@ -263,9 +264,7 @@ class ModalWindowX11 : public testing::X11DialogTest,
   // Maps the window as a dialog's first frame does.
   static X11WindowId ShowBundle(const ModalWindowBundle& bundle) {
     SDL_RenderPresent(bundle.renderer.get());
-    SDL_ShowWindow(bundle.window.get());
-    SDL_RaiseWindow(bundle.window.get());
-    SDL_SetWindowInputFocus(bundle.window.get());
+    ShowFocusedWindow(bundle.window.get());
     const X11WindowId window = X11WindowOf(bundle.window.get());
     PumpX11Until("the modal window has the focus",
                  [window] { return FocusedX11Window() == window; });
