@@ -3,7 +3,8 @@ include(CMakePackageConfigHelpers)
 
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/quindle_sdl_ui")
 
-install(TARGETS quindle_utils quindle_opengl quindle_sdl_ui EXPORT quindle_sdl_ui_targets
+install(TARGETS quindle_utils quindle_opengl quindle_sdl_ui quindle_dialog_driver
+        EXPORT quindle_sdl_ui_targets
         RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
         LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
         ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}")

@@ -5,6 +5,7 @@
 
 #include "frontend/gui/build_info.h"
 #include "frontend/gui/numbers.h"
+#include "frontend/gui/open_dialog.h"
 #include "frontend/gui/product_config.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_host_state.h"
@@ -194,6 +195,7 @@ void RunAboutDialogLoop(SDL_Window* window, SDL_Renderer* renderer, const AboutD
                         const AboutDialogMetrics& metrics) {
   const AboutDialogInfoRows rows = BuildAboutDialogInfoRows();
   AboutDialogLinks links;
+  const FindableDialog findable(window, &links);
   ModalEventQueue events(window);
   bool done = false;
   bool shown = false;

@@ -7,6 +7,7 @@
 
 #include "frontend/gui/form_draw.h"
 #include "frontend/gui/form_folder.h"
+#include "frontend/gui/open_dialog.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_host_state.h"
 #include "frontend/gui/sdl_modal_events.h"
@@ -168,6 +169,7 @@ void HandleEvents(SDL_Window* window, ModalEventQueue* events, HddCreateDialogSt
 }
 
 void RunLoop(const ModalWindowBundle& bundle, HddCreateDialogState* state) {
+  const FindableDialog findable(bundle.window.get(), state);
   ModalEventQueue events(bundle.window.get());
   while (!state->done) {
     PumpModalDialogHeartbeat();

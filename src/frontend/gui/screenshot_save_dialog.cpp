@@ -7,6 +7,7 @@
 
 #include "frontend/gui/form_draw.h"
 #include "frontend/gui/form_folder.h"
+#include "frontend/gui/open_dialog.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_host_state.h"
 #include "frontend/gui/sdl_modal_events.h"
@@ -349,6 +350,7 @@ ScreenshotSaveDialogSession SessionOf(const ScreenshotSaveDialogState& state,
 void RunLoop(const ModalWindowBundle& bundle, ScreenshotSaveDialogState* state) {
   SDL_Window* window = bundle.window.get();
   SDL_Renderer* renderer = bundle.renderer.get();
+  const FindableDialog findable(window, state);
   ModalEventQueue events(window);
   bool shown = false;
   while (!state->done) {

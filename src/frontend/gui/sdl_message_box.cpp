@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "frontend/gui/numbers.h"
+#include "frontend/gui/open_dialog.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_glyph_font.h"
 #include "frontend/gui/sdl_host_state.h"
@@ -450,6 +451,7 @@ int RunSdlMessageBoxLoop(SDL_Window* window, SDL_Renderer* renderer,
   const DrawableGlyph badge =
       ResolveBadgeGlyph(visual.glyph, fonts.iconFont.get(), IconFontSize(scale));
   const MessageBoxTypeVisual drawable_visual{visual.accent, badge.glyph};
+  const FindableDialog findable(window, OpenMessageBox{&config, scale, &fonts});
   ModalEventQueue events(window);
   Choice choice;
   bool shown = false;

@@ -1,11 +1,15 @@
 #include "frontend/gui/sdl_modal_frame.h"
 
+#include "frontend/gui/open_dialog.h"
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/window_focus.h"
 #include "frontend/gui/window_placement.h"
 
 namespace quindle::frontend::gui {
 ModalPointer ReadModalPointer(SDL_Window* window) {
+  if (const void* driven = SDL_GetWindowData(window, kDrivenPointerKey)) {
+    return *static_cast<const ModalPointer*>(driven);
+  }
   ModalPointer pointer;
   if (SDL_GetMouseFocus() == window) {
     const Uint32 buttons = SDL_GetMouseState(&pointer.x, &pointer.y);

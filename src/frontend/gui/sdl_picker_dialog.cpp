@@ -5,6 +5,7 @@
 
 #include "frontend/gui/drawable_text.h"
 #include "frontend/gui/numbers.h"
+#include "frontend/gui/open_dialog.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_host_state.h"
 #include "frontend/gui/sdl_modal_events.h"
@@ -100,6 +101,10 @@ PickerLayout LayOutForWindow(SDL_Window* window, const SdlPickerDialogOptions& o
   int height = 0;
   SDL_GetWindowSize(window, &width, &height);
   return BuildPickerLayout(options, width, height);
+}
+
+SDL_Rect AcceptButton(SDL_Window* window, const SdlPickerDialogOptions& options) {
+  return LayOutForWindow(window, options).accept;
 }
 
 int RowCount(const PickerState& state) {
@@ -414,6 +419,8 @@ void DrawPickerFrame(SDL_Renderer* renderer, const SdlPickerDialogOptions& optio
 void RunPickerLoop(const ModalWindowBundle& bundle, const SdlPickerDialogOptions& options,
                    PickerState* state) {
   SDL_Window* window = bundle.window.get();
+  const FindableDialog findable(
+      window, OpenPicker{&options, &state->dir, &state->rows, &state->selected, AcceptButton});
   ModalEventQueue events(window);
   while (!state->done) {
     PumpModalDialogHeartbeat();

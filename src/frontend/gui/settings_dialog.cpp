@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "frontend/gui/open_dialog.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_host_state.h"
 #include "frontend/gui/sdl_modal_events.h"
@@ -220,6 +221,7 @@ void RunSettingsDialogLoop(SettingsDialogSession* session,
       session->nav_items == nullptr) {
     return;
   }
+  const FindableDialog findable(session->window, session);
   ModalEventQueue events(session->window);
   while (true) {
     PumpModalDialogHeartbeat();

@@ -8,6 +8,7 @@
 #include "frontend/gui/drawable_text.h"
 #include "frontend/gui/float_text.h"
 #include "frontend/gui/numbers.h"
+#include "frontend/gui/open_dialog.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_host_state.h"
 #include "frontend/gui/sdl_modal_events.h"
@@ -556,6 +557,7 @@ void RunShaderParameterDialog(ShaderDialogSession* session, const ShaderApplyCal
   if (!IsComplete(session)) {
     return;
   }
+  const FindableDialog findable(session->window, session);
   ModalEventQueue events(session->window);
   while (true) {
     PumpModalDialogHeartbeat();
