@@ -374,5 +374,39 @@ TEST_F(DialogDriverFailure, DialogThatWasOpenBefore) {
             "the driver found no dialog; it must be made before the dialog opens");
 }
 
+TEST_F(DialogDriverFailure, HeartbeatThatTheHostReplaces) {
+  DialogDriver driver;
+  driver.PressButton(1);
+  SetModalDialogHeartbeat([] {});
+  EXPECT_EQ(Ask("Box"), -1);
+  EXPECT_EQ(Ask("Later"), -1);
+  EXPECT_EQ(driver.failure(),
+            std::string("the heartbeat was taken from the driver, which wants the host's as its "
+                        "argument") +
+                kBoxShows);
+}
+
+TEST_F(DialogDriverFailure, LeavesDialogsToANewerDriver) {
+  DialogDriver former;
+  former.PressButton(7);
+  EXPECT_EQ(Ask("Box"), -1);
+  DialogDriver driver;
+  driver.PressButton(2);
+  EXPECT_EQ(Ask("Newer"), 2);
+  EXPECT_EQ(driver.failure(), "");
+}
+
+// Only dialogs are the driver's business.
+TEST_F(DialogDriverFailure, LeavesHostWindowsAlone) {
+  DialogDriver driver;
+  SetModalDialogHeartbeat({});
+  SDL_ShowWindow(MakeParent());
+  const OwnedSdlWindow own(SDL_CreateWindow("Host", 0, 0, 80, 60, SDL_WINDOW_SHOWN));
+  for (const SDL_Event& event : QueuedEvents()) {
+    EXPECT_FALSE(event.type == SDL_WINDOWEVENT && event.window.event == SDL_WINDOWEVENT_CLOSE);
+  }
+  EXPECT_EQ(driver.failure(), "");
+}
+
 }  // namespace
 }  // namespace quindle::testing

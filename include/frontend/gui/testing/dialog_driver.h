@@ -33,8 +33,9 @@ enum class AboutLink : std::uint8_t {
 /// std::runtime_error thrown by the heartbeat leaves the dialog. The same happens when a dialog is
 /// still open a few frames after the last step.
 ///
-/// Make it on the thread that owns SDL video, before the first dialog opens and after SDL_Init, and
-/// one at a time. While it lives, the modal heartbeat is its own.
+/// Make it on the thread that owns SDL video, after SDL_Init and before the first dialog opens.
+/// While it lives, the modal heartbeat is its own: a dialog that opens when the host has installed
+/// another is closed, and failure() says so. A newer driver takes over from an older one.
 class DialogDriver {
  public:
   /// Takes the modal heartbeat.

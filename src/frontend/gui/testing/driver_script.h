@@ -4,6 +4,7 @@
 
 #include <SDL.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,7 +15,7 @@
 
 namespace quindle::frontend::gui::testing {
 
-class DialogDriver::Script {
+class DialogDriver::Script : public std::enable_shared_from_this<DialogDriver::Script> {
  public:
   explicit Script(std::function<void()> host_heartbeat);
   ~Script();
@@ -43,6 +44,9 @@ class DialogDriver::Script {
   };
 
   static int SDLCALL WatchShownWindows(void* self, SDL_Event* event);
+  // Whether the host has installed another heartbeat. The installed one is an owner of this.
+  [[nodiscard]] bool LostHeartbeat() const;
+  void SeeShownWindow(Uint32 id);
   [[nodiscard]] std::optional<DrivenDialog> Innermost() const;
   void DoNextPart();
   void Fail(const std::string& failure);
