@@ -169,6 +169,22 @@ TEST_F(HostContext, IsCurrentInDialogsOfDialogs) {
   ExpectHostsOwn();
 }
 
+// Then no heartbeat has made it current before the inner dialog opens.
+TEST_F(HostContext, IsCurrentAfterDialogsOfDialogsWithoutAHeartbeat) {
+  int frame = 0;
+  Recorder().OnDelay([&frame](Uint32) {
+    ++frame;
+    if (frame == 2) {
+      MouseUp(700, 200);
+    } else if (frame == 5 || frame == 8) {
+      KeyDown(SDLK_ESCAPE);
+    }
+  });
+  frontend::gui::ShowSimpleHddCreateDialog(host_, ".", 32);
+  EXPECT_EQ(Recorder().windows().size(), 3U);
+  ExpectHostsOwn();
+}
+
 TEST_F(HostContext, IsCurrentInAButtonsCallback) {
   SdlMessageBox::Config config;
   int calls = 0;

@@ -374,7 +374,7 @@ void CallRecorder::OnDelay(std::function<void(Uint32 milliseconds)> action) {
   State().on_delay = std::move(action);
 }
 
-void CallRecorder::OnAddEvents(std::function<void()> action) {
+void CallRecorder::OnAddEvents(std::function<void(int count)> action) {
   State().on_add_events = std::move(action);
 }
 

@@ -201,7 +201,7 @@ class CallRecorder {
   // Called in SDL_Delay, the end of each frame; for tests that act without a heartbeat.
   void OnDelay(std::function<void(Uint32 milliseconds)> action);
   // Called before SDL_PeepEvents adds events, which is when another thread may add its own.
-  void OnAddEvents(std::function<void()> action);
+  void OnAddEvents(std::function<void(int count)> action);
 };
 
 // The one recorder of the test program.

@@ -21,7 +21,7 @@ int SDL_PeepEvents(SDL_Event* events, int count, SDL_eventaction action, Uint32 
     return -1;
   }
   if (action == SDL_ADDEVENT && State().on_add_events) {
-    State().on_add_events();
+    State().on_add_events(count);
   }
   return real(events, count, action, first, last);
 }

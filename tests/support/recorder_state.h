@@ -105,7 +105,7 @@ struct RecorderState {
   bool sleep_in_delay = false;
   std::optional<std::string> video_driver;
   std::function<void(Uint32)> on_delay;
-  std::function<void()> on_add_events;
+  std::function<void(int)> on_add_events;
 };
 
 // Never destroyed: calls come in until the very end of the process.

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
+#include <iterator>
 #include <new>
 
 namespace quindle::frontend::gui {
@@ -109,7 +109,8 @@ int AddToQueue(std::vector<SDL_Event>* events) {
 }
 
 bool AreSame(const SDL_Event& a, const SDL_Event& b) {
-  return std::memcmp(&a, &b, sizeof(SDL_Event)) == 0;
+  // SDL's own name for all bytes of the union.
+  return std::equal(std::begin(a.padding), std::end(a.padding), std::begin(b.padding));
 }
 
 bool IsFirstInQueue(const SDL_Event& event) {
