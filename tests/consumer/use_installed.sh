@@ -47,10 +47,16 @@ use_pkg_config() {
   eval "data_root=$(pkg-config --variable=dataroot quindle_sdl_ui)"
   eval "libdir=$(pkg-config --variable=libdir quindle_sdl_ui)"
   [ "$data_root" -ef "$prefix/share/quindle" ] || fail "the fonts would be in $data_root"
-  "$compiler" "${flags[@]}" "$project"/*.cpp "${libs[@]}" -o "$scratch/first_dialog"
+  "$compiler" "${flags[@]}" "$project"/{first_dialog,press_escape}.cpp "${libs[@]}" \
+    -o "$scratch/first_dialog"
+  "$compiler" "${flags[@]}" "$project/two_questions.cpp" -lquindle_dialog_driver "${libs[@]}" \
+    -o "$scratch/two_questions"
   output=$(cd "$data_root" && LD_LIBRARY_PATH=$libdir \
     SDL_VIDEODRIVER=dummy SDL_AUDIODRIVER=dummy timeout 30 "$scratch/first_dialog")
   [ "$output" = "chosen button: 2" ] || fail "unexpected output: $output"
+  output=$(cd "$data_root" && LD_LIBRARY_PATH=$libdir \
+    SDL_VIDEODRIVER=dummy SDL_AUDIODRIVER=dummy timeout 30 "$scratch/two_questions")
+  [[ $output = "2 1 -1 step 3 "* ]] || fail "unexpected output: $output"
 }
 
 # Each installed header stands on its own.
