@@ -209,6 +209,16 @@ TEST_F(DialogDriverTest, SetsShaderParameterToItsBounds) {
   EXPECT_FLOAT_EQ(ValueOf(applied[1], "GAMMA"), 0.1F);
 }
 
+// Only the end of the track gives it.
+TEST_F(DialogDriverTest, SetsShaderParameterWithoutStepToItsGreatestValue) {
+  DialogDriver driver;
+  driver.SetParameter("A", 1.0F).Apply().Close();
+  const auto applied = RunShader("#pragma parameter A \"A\" 0.5 0.0 1.0 0.0\n");
+  EXPECT_EQ(driver.failure(), "");
+  ASSERT_EQ(applied.size(), 1U);
+  EXPECT_FLOAT_EQ(ValueOf(applied[0], "A"), 1.0F);
+}
+
 TEST_F(DialogDriverTest, ScrollsToShaderParameters) {
   std::string source;
   for (int i = 0; i < 40; ++i) {
@@ -394,6 +404,31 @@ TEST_F(DialogDriverTest, LeavesNothingOnAWindowThatOutlivesTheLoop) {
     EXPECT_EQ(driver.failure(), "");
   }
   EXPECT_EQ(SDL_GetWindowData(bundle.window.get(), "quindle_open_dialog"), nullptr);
+}
+
+TEST_F(DialogDriverTest, TakesItsPointerOffAWindowThatOutlivesIt) {
+  const ModalWindowBundle bundle = CreateModalWindowBundle(
+      nullptr, "Kept", 0, 0, 820, 492, SDL_WINDOW_HIDDEN, ModalRendererMode::Software);
+  const std::vector<NavItem> nav_items = BuildSettingsNavItems();
+  SettingsDialogSession session;
+  session.window = bundle.window.get();
+  session.renderer = bundle.renderer.get();
+  session.nav_items = &nav_items;
+  session.panel_id = 1;
+  bool was_there = false;
+  {
+    DialogDriver driver;
+    driver.Choose("60 FPS")
+        .Do([&was_there](SDL_Window* window) {
+          was_there = SDL_GetWindowData(window, "quindle_driven_pointer") != nullptr;
+        })
+        .Close();
+    RunSettingsDialogLoop(&session, {});
+    EXPECT_EQ(driver.failure(), "");
+  }
+  EXPECT_EQ(session.values.target_fps, 60);
+  EXPECT_TRUE(was_there);
+  EXPECT_EQ(SDL_GetWindowData(bundle.window.get(), "quindle_driven_pointer"), nullptr);
 }
 
 }  // namespace

@@ -70,15 +70,17 @@ void DialogDriver::Script::SeeShownWindow(Uint32 id) {
 }
 
 std::optional<DrivenDialog> DialogDriver::Script::Innermost() const {
-  for (auto id = shown_windows_.rbegin(); id != shown_windows_.rend(); ++id) {
-    SDL_Window* const window = SDL_GetWindowFromID(*id);
-    const void* const open =
-        window == nullptr ? nullptr : SDL_GetWindowData(window, kOpenDialogKey);
-    if (open != nullptr) {
-      return DrivenDialog{window, *static_cast<const OpenDialog*>(open)};
-    }
+  const auto open = [](Uint32 id) {
+    SDL_Window* const window = SDL_GetWindowFromID(id);
+    return window != nullptr && SDL_GetWindowData(window, kOpenDialogKey) != nullptr;
+  };
+  const auto id = std::find_if(shown_windows_.rbegin(), shown_windows_.rend(), open);
+  if (id == shown_windows_.rend()) {
+    return std::nullopt;
   }
-  return std::nullopt;
+  SDL_Window* const window = SDL_GetWindowFromID(*id);
+  return DrivenDialog{window,
+                      *static_cast<const OpenDialog*>(SDL_GetWindowData(window, kOpenDialogKey))};
 }
 
 void DialogDriver::Script::AddStep(const std::string& words, std::vector<DriverAction> actions) {
