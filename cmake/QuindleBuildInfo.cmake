@@ -1,6 +1,7 @@
-# quindle_add_build_info(<target>)
+# quindle_add_build_info(<target> <objects>)
 # Gives src/frontend/gui/build_info.cpp of <target> the product's strings and the switches that the
-# build is really compiled with.
+# build is really compiled with, and has it compiled anew, with a new date, whenever the library is
+# linked anew. <objects> is the OBJECT library of the other sources.
 
 set(QUINDLE_HOMEPAGE_URL "https://www.example.com/quindle"
     CACHE STRING "Web address shown and opened by the About dialog")
@@ -71,17 +72,62 @@ function(_quindle_date_definitions result)
   set(${result} "QUINDLE_BUILD_DATE=\"${date}\"" "QUINDLE_BUILD_TIME=\"${time}\"" PARENT_SCOPE)
 endfunction()
 
-function(quindle_add_build_info target)
+# What a library is linked with, as files.
+function(_quindle_link_files target result)
+  set(files "")
+  get_target_property(libraries ${target} LINK_LIBRARIES)
+  foreach(library IN LISTS libraries)
+    if(TARGET "${library}")
+      get_target_property(type ${library} TYPE)
+      if(type MATCHES "^(SHARED|STATIC|UNKNOWN)_LIBRARY$")
+        list(APPEND files $<TARGET_LINKER_FILE:${library}>)
+      endif()
+    endif()
+  endforeach()
+  set(${result} "${files}" PARENT_SCOPE)
+endfunction()
+
+# How a library is linked, as a file that changes only with its contents.
+function(_quindle_write_link_flags target file)
+  string(TOUPPER "CMAKE_SHARED_LINKER_FLAGS_${CMAKE_BUILD_TYPE}" of_type)
+  file(GENERATE OUTPUT "${file}" CONTENT
+    "${CMAKE_CXX_FLAGS} ${CMAKE_SHARED_LINKER_FLAGS} ${${of_type}}
+$<TARGET_PROPERTY:${target},LINK_OPTIONS>
+$<TARGET_PROPERTY:${target},LINK_LIBRARIES>
+")
+endfunction()
+
+# The source is compiled when all that the library is linked from is there and newer.
+function(_quindle_compile_last target objects source)
+  set(folder "${PROJECT_BINARY_DIR}/generated")
+  _quindle_link_files(${target} files)
+  _quindle_write_link_flags(${target} "${folder}/link_flags.txt")
+  add_custom_command(OUTPUT "${folder}/link_stamp"
+    COMMAND "${CMAKE_COMMAND}" -E touch "${folder}/link_stamp"
+    DEPENDS $<TARGET_OBJECTS:${objects}> ${files} "${folder}/link_flags.txt"
+    COMMENT "")
+  target_sources(${target} PRIVATE "${folder}/link_stamp")
+  set_source_files_properties("${source}" PROPERTIES OBJECT_DEPENDS "${folder}/link_stamp")
+endfunction()
+
+function(quindle_add_build_info target objects)
+  set(source "${PROJECT_SOURCE_DIR}/src/frontend/gui/build_info.cpp")
   configure_file("${PROJECT_SOURCE_DIR}/cmake/quindle_build_config.h.in"
                  "${PROJECT_BINARY_DIR}/generated/quindle_build_config.h" @ONLY)
   target_include_directories(${target} PRIVATE "${PROJECT_BINARY_DIR}/generated")
   _quindle_date_definitions(definitions)
-  foreach(config IN LISTS CMAKE_CONFIGURATION_TYPES CMAKE_BUILD_TYPE)
+  # Another project may have set no build type.
+  set(configs ${CMAKE_CONFIGURATION_TYPES} ${CMAKE_BUILD_TYPE})
+  if(NOT configs)
+    _quindle_switch_definitions(${target} "" switches)
+    list(APPEND definitions ${switches})
+  endif()
+  foreach(config IN LISTS configs)
     _quindle_switch_definitions(${target} "${config}" switches)
     list(TRANSFORM switches REPLACE "(.+)" "$<$<CONFIG:${config}>:\\1>")
     list(APPEND definitions ${switches})
   endforeach()
   list(REMOVE_DUPLICATES definitions)
-  set_source_files_properties("${PROJECT_SOURCE_DIR}/src/frontend/gui/build_info.cpp"
-    PROPERTIES COMPILE_DEFINITIONS "${definitions}")
+  set_source_files_properties("${source}" PROPERTIES COMPILE_DEFINITIONS "${definitions}")
+  _quindle_compile_last(${target} ${objects} "${source}")
 endfunction()

@@ -5,28 +5,45 @@ function(quindle_soversion version result)
   set(${result} "${soversion}" PARENT_SCOPE)
 endfunction()
 
-# quindle_add_library(<target> <source dir> <sources>...)
-# One of the project's shared libraries: hidden visibility, its alias, its soname, its install rule.
-function(quindle_add_library target directory)
-  list(TRANSFORM ARGN PREPEND "${PROJECT_SOURCE_DIR}/${directory}/" OUTPUT_VARIABLE sources)
-  add_library(${target} SHARED ${sources})
-  add_library(quindle::${target} ALIAS ${target})
-  string(TOUPPER ${target} prefix)
-  quindle_soversion(${PROJECT_VERSION} soversion)
+# How every source of the libraries is compiled; "library" is the one that it becomes a part of.
+function(_quindle_set_up_objects target library)
+  string(TOUPPER ${library} prefix)
   set_target_properties(${target} PROPERTIES
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON
-    DEFINE_SYMBOL ${prefix}_BUILDING
-    VERSION ${PROJECT_VERSION}
-    SOVERSION ${soversion})
+    POSITION_INDEPENDENT_CODE ON
+    DEFINE_SYMBOL "")
+  if(NOT PROJECT_IS_TOP_LEVEL)
+    # Another project's warnings are for its own sources, not for the headers that it includes.
+    set_target_properties(${target} PROPERTIES SYSTEM ON)
+  endif()
+  target_compile_definitions(${target} PRIVATE ${prefix}_BUILDING)
   target_compile_features(${target} PUBLIC cxx_std_20)
   # A fused multiply-add would give other parameter values on other processors.
   target_compile_options(${target} PRIVATE -ffp-contract=off)
   target_include_directories(${target}
     PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
-           $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/quindle>
     PRIVATE "${PROJECT_SOURCE_DIR}/src")
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:quindle_warnings>)
+endfunction()
+
+# quindle_add_objects(<target> <library> <source dir> <sources>...)
+# Sources that become a part of the library.
+function(quindle_add_objects target library directory)
+  list(TRANSFORM ARGN PREPEND "${PROJECT_SOURCE_DIR}/${directory}/" OUTPUT_VARIABLE sources)
+  add_library(${target} OBJECT ${sources})
+  _quindle_set_up_objects(${target} ${library})
+endfunction()
+
+# quindle_add_library(<target> <source dir> <sources>...)
+# One of the project's shared libraries: hidden visibility, its alias, its soname.
+function(quindle_add_library target directory)
+  list(TRANSFORM ARGN PREPEND "${PROJECT_SOURCE_DIR}/${directory}/" OUTPUT_VARIABLE sources)
+  add_library(${target} SHARED ${sources})
+  add_library(quindle::${target} ALIAS ${target})
+  _quindle_set_up_objects(${target} ${target})
+  quindle_soversion(${PROJECT_VERSION} soversion)
+  set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${soversion})
   if(NOT QUINDLE_SANITIZERS)
     target_link_options(${target} PRIVATE -Wl,--no-undefined)
   endif()

@@ -3,6 +3,10 @@
 option(QUINDLE_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 
 add_library(quindle_warnings INTERFACE)
+# As a part of another build, its warnings are enough.
+if(NOT PROJECT_IS_TOP_LEVEL AND NOT QUINDLE_WARNINGS_AS_ERRORS)
+  return()
+endif()
 target_compile_options(quindle_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wundef

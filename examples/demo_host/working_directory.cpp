@@ -26,7 +26,7 @@ std::vector<fs::path> DataRoots() {
   if (base != nullptr) {
     const fs::path program_folder(base.get());
     roots.push_back(program_folder);
-    roots.push_back(program_folder / ".." / "share" / "quindle");
+    roots.push_back(program_folder / ".." / QUINDLE_DEMO_INSTALLED_DATA);
   }
   roots.emplace_back(QUINDLE_DEMO_SOURCE_ROOT);
   return roots;
