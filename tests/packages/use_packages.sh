@@ -1,0 +1,111 @@
+#!/usr/bin/env bash
+# What becomes of the Debian packages on a machine: installs them, builds the consumer project against them,
+# runs it and the demo host without a display, and removes them again. To be run on a machine that may be
+# thrown away, by a user who may become root; see scripts/lib/platforms/packages.
+# Usage: use_packages.sh FOLDER_OF_PACKAGES
+set -eu
+
+packages=$1
+here=$(cd -- "$(dirname -- "$0")" && pwd)
+project=$here/../consumer/project
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+export SDL_VIDEODRIVER=dummy SDL_AUDIODRIVER=dummy DEBIAN_FRONTEND=noninteractive
+
+say() {
+  echo "use_packages: $*"
+}
+
+fail() {
+  echo "use_packages: $*" >&2
+  exit 1
+}
+
+# Prints the output of a command only when it fails.
+quietly() {
+  "$@" >"$scratch/log" 2>&1 || { cat "$scratch/log" >&2; fail "failed: $*"; }
+}
+
+as_root() {
+  quietly sudo env DEBIAN_FRONTEND=noninteractive "$@"
+}
+
+# All that a package may have put there; dpkg and apt keep their own records.
+list_files() {
+  sudo find / -xdev \( -path /proc -o -path /dev -o -path /tmp -o -path /home -o -path /packages -o -path /quindle.bundle \
+    -o -path /var/lib/dpkg -o -path /var/lib/apt -o -path /var/cache -o -path /var/log -o -path /run \) \
+    -prune -o -print | sort
+}
+
+install_package() {
+  as_root apt-get install --yes --no-install-recommends "$1"
+}
+
+# The libraries alone bring nothing that a developer needs, and do not need it.
+check_libraries() {
+  install_package "$packages"/libquindle-sdl-ui[0-9]*.deb
+  [ ! -e /usr/include/quindle ] || fail "headers without the development package"
+  /sbin/ldconfig -p | grep -q libquindle_sdl_ui || fail "the linker's cache does not know the libraries"
+}
+
+use_find_package() {
+  quietly cmake -S "$project" -B "$scratch/project" -G Ninja -DCMAKE_CXX_FLAGS="-Wall -Wextra -Werror"
+  quietly cmake --build "$scratch/project"
+  quietly ctest --test-dir "$scratch/project" --output-on-failure --no-tests=error
+  say "the consumer project, by find_package: shown and answered"
+}
+
+use_pkg_config() {
+  local output
+  # shellcheck disable=SC2046 # Several words.
+  quietly g++ -std=c++20 "$project"/*.cpp -o "$scratch/first_dialog" \
+    $(pkg-config --cflags --libs quindle_sdl_ui)
+  output=$(cd "$(pkg-config --variable=dataroot quindle_sdl_ui)" && timeout 30 "$scratch/first_dialog")
+  [ "$output" = "chosen button: 2" ] || fail "unexpected output: $output"
+  say "the consumer project, by pkg-config: $output"
+}
+
+check_documents() {
+  local document
+  for document in /usr/share/man/man1/quindle_dialogs.1.gz /usr/share/doc/libquindle-sdl-ui-dev/html/index.html; do
+    # A minimal system may be told to leave them out.
+    dpkg -S "$document" >/dev/null || fail "in no package: $document"
+  done
+}
+
+# A message box that nobody answers, until the program is told to end.
+run_demo() {
+  local answer status=0
+  answer=$(timeout --preserve-status -s TERM 5 quindle_dialogs message --title Eject --button 1:Eject) ||
+    status=$?
+  [ "$status" = 1 ] || fail "quindle_dialogs message: exit status $status, $answer"
+  say "quindle_dialogs message: $answer"
+  quietly quindle_dialogs tour --out "$scratch/tour"
+  [ "$(find "$scratch/tour" -name '*.png' | wc -l)" -gt 20 ] || fail "the tour has taken few pictures"
+  say "quindle_dialogs tour: $(find "$scratch/tour" -name '*.png' | wc -l) pictures"
+}
+
+# Not a file, and not a line of dpkg's.
+check_removed() {
+  as_root apt-get purge --yes 'libquindle-sdl-ui*' quindle-dialogs
+  [ -z "$(dpkg-query -W -f '${Package} ${Status}\n' | grep quindle)" ] || fail "dpkg still has a package"
+  list_files >"$scratch/removed"
+  grep quindle "$scratch/removed" && fail "left behind"
+  say "removed: $(comm -23 "$scratch/installed" "$scratch/removed" | wc -l) files are gone, none is left"
+}
+
+as_root apt-get update
+list_files >"$scratch/before"
+! grep quindle "$scratch/before" || fail "not a fresh machine"
+check_libraries
+install_package "$packages"/libquindle-sdl-ui-dev_*.deb
+install_package "$packages"/quindle-dialogs_*.deb
+list_files >"$scratch/installed"
+grep -q quindle "$scratch/installed" || fail "nothing was installed"
+use_find_package
+use_pkg_config
+check_documents
+run_demo
+check_removed
+say "the packages were installed, used and removed"
