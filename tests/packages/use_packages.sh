@@ -66,12 +66,19 @@ use_pkg_config() {
   say "the consumer project, by pkg-config: $output"
 }
 
-check_documents() {
-  local document
-  for document in /usr/share/man/man1/quindle_dialogs.1.gz /usr/share/doc/libquindle-sdl-ui-dev/html/index.html; do
-    # A minimal system may be told to leave them out.
-    dpkg -S "$document" >/dev/null || fail "in no package: $document"
+# has PACKAGE PATTERN...: the package has a file of each pattern. A minimal system may have been told to
+# leave documents out, so that dpkg is asked.
+has() {
+  local package=$1 pattern
+  shift
+  for pattern in "$@"; do
+    dpkg -L "$package" | grep -q "$pattern\$" || fail "not in $package: $pattern"
   done
+}
+
+check_contents() {
+  has libquindle-sdl-ui-dev 'dialog_driver\.h' 'libquindle_dialog_driver\.a' 'html/index\.html' copyright
+  has quindle-dialogs 'man1/quindle_dialogs\.1\.gz' 'quindle_dialogs\.desktop' 'quindle_dialogs\.svg' copyright
 }
 
 # A message box that nobody answers, until the program is told to end.
@@ -86,12 +93,19 @@ run_demo() {
   say "quindle_dialogs tour: $(find "$scratch/tour" -name '*.png' | wc -l) pictures"
 }
 
-# Not a file, and not a line of dpkg's.
+# Not a file, not a folder that no other package has, and not a line of dpkg's.
 check_removed() {
-  as_root apt-get purge --yes 'libquindle-sdl-ui*' quindle-dialogs
+  local path
+  dpkg -L "${names[@]}" | sort -u >"$scratch/ours"
+  as_root apt-get purge --yes "${names[@]}"
   [ -z "$(dpkg-query -W -f '${Package} ${Status}\n' | grep quindle)" ] || fail "dpkg still has a package"
   list_files >"$scratch/removed"
-  grep quindle "$scratch/removed" && fail "left behind"
+  ! grep quindle "$scratch/removed" || fail "left behind"
+  while read -r path; do
+    if [ -e "$path" ] && [ "$path" != /. ]; then
+      dpkg -S "$path" >/dev/null 2>&1 || fail "left behind: $path"
+    fi
+  done <"$scratch/ours"
   say "removed: $(comm -23 "$scratch/installed" "$scratch/removed" | wc -l) files are gone, none is left"
 }
 
@@ -101,11 +115,13 @@ list_files >"$scratch/before"
 check_libraries
 install_package "$packages"/libquindle-sdl-ui-dev_*.deb
 install_package "$packages"/quindle-dialogs_*.deb
+mapfile -t names < <(dpkg-query -W -f '${Package}\n' '*quindle*')
+[ "${#names[@]}" = 3 ] || fail "installed: ${names[*]}"
 list_files >"$scratch/installed"
 grep -q quindle "$scratch/installed" || fail "nothing was installed"
 use_find_package
 use_pkg_config
-check_documents
+check_contents
 run_demo
 check_removed
 say "the packages were installed, used and removed"
