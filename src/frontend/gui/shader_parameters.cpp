@@ -90,6 +90,7 @@ std::optional<std::string_view> TakeQuoted(std::string_view* rest) {
 bool ExtractNumbers(std::string_view rest, ShaderParameterSpec* spec) {
   std::istringstream numbers{std::string(rest)};
   numbers.imbue(std::locale::classic());
+  numbers.exceptions(std::ios::badbit);  // Memory that ran out is no bad content.
   numbers >> spec->default_value >> spec->min_value >> spec->max_value >> spec->step;
   return !numbers.fail();
 }
