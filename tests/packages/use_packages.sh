@@ -59,7 +59,7 @@ use_find_package() {
 use_pkg_config() {
   local output
   # shellcheck disable=SC2046 # Several words.
-  quietly g++ -std=c++20 "$project"/*.cpp -o "$scratch/first_dialog" \
+  quietly g++ -std=c++20 "$project"/{first_dialog,press_escape}.cpp -o "$scratch/first_dialog" \
     $(pkg-config --cflags --libs quindle_sdl_ui)
   output=$(cd "$(pkg-config --variable=dataroot quindle_sdl_ui)" && timeout 30 "$scratch/first_dialog")
   [ "$output" = "chosen button: 2" ] || fail "unexpected output: $output"
