@@ -55,6 +55,9 @@ class CallFaults : public DialogTest, public ::testing::WithParamInterface<Fault
 
   // How often each function that can fail is called when none does.
   std::map<std::string, long> CountCalls() {
+    // The first dialog takes the focus from the parent, which some versions of SDL tell by events;
+    // the runs behind it are alike.
+    Run([] {});
     Run([] {});
     EXPECT_EQ(Recorder().CallCount("SDL_CreateWindow"), GetParam().windows);
     EXPECT_GE(FramesPlayed(), GetParam().steps.size()) << "a step was not reached";
@@ -77,12 +80,12 @@ TEST_P(CallFaults, EveryFailingCallEndsWell) {
     for (long nth = 1; nth <= count && !HasFailure(); ++nth) {
       Run([&function = function, nth] { Recorder().FailCall(function, nth); });
       ++tried;
+      // A fault that is never reached tests nothing.
+      EXPECT_EQ(Recorder().faults_hit(), 1) << "call " << nth << " of " << function;
       hit += Recorder().faults_hit();
       ASSERT_FALSE(HasFailure()) << "call " << nth << " of " << function;
     }
   }
-  // A fault that is never reached tests nothing.
-  EXPECT_EQ(hit, tried);
   EXPECT_GT(tried, 0);
   std::printf("%s: %ld faults tried, %ld survived\n", GetParam().name, tried, hit);
   RecordProperty("faults", static_cast<int>(tried));

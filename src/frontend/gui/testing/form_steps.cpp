@@ -81,11 +81,7 @@ std::string PressChoose(const DrivenDialog& dialog) {
   return {};
 }
 
-// An action in the screenshot dialog.
-template <typename Act>
-DriverAction InScreenshotDialog(Act act) {
-  return InDialog<const ScreenshotSaveDialogState*>(kNeedsScreenshot, act);
-}
+using OpenScreenshotDialog = const ScreenshotSaveDialogState*;
 
 std::string OpenFormatList(SDL_Window* window, const ScreenshotSaveDialogState* state) {
   if (!state->format_list_open) {
@@ -140,15 +136,19 @@ DialogDriver& DialogDriver::Create() {
 }
 
 DialogDriver& DialogDriver::ChooseFormat(ScreenshotSaveFormat format) {
-  script_->AddStep(
-      "choose the format " + Quoted(FormatLabel(format)),
-      {InScreenshotDialog(OpenFormatList),
-       InScreenshotDialog([format](SDL_Window* window, const ScreenshotSaveDialogState* /*state*/) {
-         return ClickFormat(window, format);
-       }),
-       InScreenshotDialog([format](SDL_Window* /*window*/, const ScreenshotSaveDialogState* state) {
-         return state->format == format ? std::string() : "the list has no such format";
-       })});
+  script_->AddStep("choose the format " + Quoted(FormatLabel(format)),
+                   {InDialog<OpenScreenshotDialog>(kNeedsScreenshot, OpenFormatList),
+                    InDialog<OpenScreenshotDialog>(
+                        kNeedsScreenshot,
+                        [format](SDL_Window* window, const ScreenshotSaveDialogState* /*state*/) {
+                          return ClickFormat(window, format);
+                        }),
+                    InDialog<OpenScreenshotDialog>(
+                        kNeedsScreenshot,
+                        [format](SDL_Window* /*window*/, const ScreenshotSaveDialogState* state) {
+                          return state->format == format ? std::string()
+                                                         : "the list has no such format";
+                        })});
   return *this;
 }
 
@@ -164,19 +164,21 @@ DialogDriver& DialogDriver::EnterFormatOption(int number) {
 DialogDriver& DialogDriver::TickRunLengthEncoding(bool on) {
   script_->AddStep(
       on ? "tick run-length encoding" : "untick run-length encoding",
-      {InScreenshotDialog([on](SDL_Window* window, const ScreenshotSaveDialogState* state) {
-        return TickRle(window, state, on);
-      })});
+      {InDialog<OpenScreenshotDialog>(
+          kNeedsScreenshot, [on](SDL_Window* window, const ScreenshotSaveDialogState* state) {
+            return TickRle(window, state, on);
+          })});
   return *this;
 }
 
 DialogDriver& DialogDriver::Save() {
   script_->AddStep(
       "save the screenshot",
-      {InScreenshotDialog([](SDL_Window* window, const ScreenshotSaveDialogState* /*state*/) {
-        PushClick(window, LayOut(window).save_button);
-        return std::string();
-      })});
+      {InDialog<OpenScreenshotDialog>(
+          kNeedsScreenshot, [](SDL_Window* window, const ScreenshotSaveDialogState* /*state*/) {
+            PushClick(window, LayOut(window).save_button);
+            return std::string();
+          })});
   return *this;
 }
 
