@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "utils/ascii_text.h"
+
 namespace quindle::frontend::gui {
 namespace {
 
@@ -36,7 +38,7 @@ bool Follows(std::string_view bytes, const SequenceForm& form) {
     return false;
   }
   for (std::size_t i = 2; i < form.length; ++i) {
-    if ((static_cast<unsigned char>(bytes[i]) & 0xC0U) != 0x80U) {
+    if (!utils::is_utf8_continuation(bytes[i])) {
       return false;
     }
   }
