@@ -390,8 +390,7 @@ void DrawRows(SDL_Renderer* renderer, const SdlPickerDialogOptions& options,
 
 // A caption wider than its button ends a pixel before the button does.
 void DrawButtonText(SDL_Renderer* renderer, const char* text, const SDL_Rect& button) {
-  const ScopedClip clip(renderer,
-                        SDL_Rect{button.x + 1, button.y, std::max(0, button.w - 2), button.h});
+  const ScopedClip clip(renderer, SDL_Rect{button.x + 1, button.y, button.w - 2, button.h});
   DrawText(renderer, DrawableText(text == nullptr ? "" : text), button.x + kButtonTextOffset.x,
            button.y + kButtonTextOffset.y);
 }

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "utils/ascii_text.h"
+
 namespace quindle::frontend::gui::testing {
 namespace {
 
@@ -35,10 +37,6 @@ void PushTextEvent(SDL_Window* window, std::string_view character) {
   SDL_PushEvent(&event);
 }
 
-bool ContinuesCharacter(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
 }  // namespace
 
 void PushKey(SDL_Window* window, SDL_Keycode key, int times) {
@@ -51,7 +49,7 @@ void PushKey(SDL_Window* window, SDL_Keycode key, int times) {
 void PushText(SDL_Window* window, const std::string& text) {
   for (std::size_t at = 0; at < text.size();) {
     std::size_t end = at + 1;
-    while (end < text.size() && end - at < 4 && ContinuesCharacter(text[end])) {
+    while (end < text.size() && end - at < 4 && utils::is_utf8_continuation(text[end])) {
       ++end;
     }
     PushTextEvent(window, std::string_view(text).substr(at, end - at));
