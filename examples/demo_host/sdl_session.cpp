@@ -27,7 +27,8 @@ void ShutDown() {
 
 void ChooseDrivers(VideoChoice video) {
   if (video == VideoChoice::Memory) {
-    SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "dummy", SDL_HINT_OVERRIDE);
+    // The first has OpenGL where the system has it, the second is everywhere.
+    SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "offscreen,dummy", SDL_HINT_OVERRIDE);
     return;
   }
 #if defined(__linux__)
@@ -45,12 +46,13 @@ bool FellBackToNoDisplay() {
   return asked_for == nullptr && driver != nullptr && std::string_view(driver) == "offscreen";
 }
 
-// Otherwise the software renderer presents through OpenGL, which costs some 90 MB. Only on X11:
-// where a window system has no plain surfaces, as Wayland, this hint leaves no software renderer at
-// all.
+// Otherwise the software renderer presents through OpenGL, which costs some 90 MB. Only on X11
+// and in memory: where a window system has no plain surfaces, as Wayland, this hint leaves no
+// software renderer at all.
 void PreferPlainWindowSurfaces() {
-  const char* driver = SDL_GetCurrentVideoDriver();
-  if (driver != nullptr && std::string_view(driver) == "x11") {
+  const char* name = SDL_GetCurrentVideoDriver();
+  const std::string_view driver = name == nullptr ? "" : name;
+  if (driver == "x11" || driver == "offscreen") {
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
   }
 }

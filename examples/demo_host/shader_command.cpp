@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -126,6 +127,30 @@ TourScene PresetScene() {
           std::move(script)};
 }
 
+// A value of the demo's shader that a user moves to.
+struct AnimationStep {
+  int row;          // Of the dialog's list.
+  double fraction;  // Of the slider's width.
+};
+
+// Each parameter goes up, down and back to where it started, so that the frames make a loop.
+constexpr AnimationStep kAnimation[] = {
+    {0, 1.10 / 1.8}, {0, 1.40 / 1.8}, {0, 0.90 / 1.8}, {2, 1.20 / 2.0}, {2, 1.70 / 2.0},
+    {2, 0.75 / 2.0}, {3, 0.70},       {3, 0.98},       {3, 0.00},       {3, 0.40},
+    {4, 0.28 / 0.5}, {4, 0.40 / 0.5}, {4, 0.00},       {4, 0.08 / 0.5},
+};
+
+std::string FrameName(int frame) {
+  return std::string("shader-animation-") + (frame < 10 ? "0" : "") + std::to_string(frame);
+}
+
+// Below the middle of the guest picture, so that its upper half stays in view.
+void MoveBelowGuest(SDL_Window* dialog, SDL_Window* host) {
+  SDL_Point corner{0, 0};
+  SDL_GetWindowPosition(host, &corner.x, &corner.y);
+  SDL_SetWindowPosition(dialog, corner.x, corner.y + 330);
+}
+
 TourScene LongPathScene() {
   const std::string folder = "shaders/" + std::string(60, 'a') + "/" + std::string(60, 'b');
   const std::string file = folder + "/three.glsl";
@@ -171,6 +196,8 @@ class ShaderCommand : public DemoCommand {
     return outcome;
   }
 
+  void AttachToSession(DemoSession& session) override { session_ = &session; }
+
   Json ShowInHost(DemoSession& session) override {
     ShaderGuestView& view = InstallShaderView(session);
     const Values before = view.Parameters();
@@ -184,6 +211,7 @@ class ShaderCommand : public DemoCommand {
 
   std::vector<TourScene> TourScenes() override {
     std::vector<TourScene> scenes;
+    scenes.push_back(AnimationScene());
     scenes.push_back(PresetScene());
     scenes.push_back(FileScene("3", "shaders/three.glsl", NumberedShader(3),
                                TourScript().Save("shader-3").Key(SDLK_ESCAPE)));
@@ -207,6 +235,30 @@ class ShaderCommand : public DemoCommand {
   }
 
  private:
+  // Over the demo window, which shows its picture through the shader meanwhile.
+  TourScene AnimationScene() {
+    const frontend::gui::ShaderDialogGeometry geometry;
+    TourScript script;
+    script.Do([this](TourStage& stage) { MoveBelowGuest(stage.Dialog(), session_->host); });
+    int frame = 0;
+    script.SaveOverHost(FrameName(frame));
+    for (const auto& [row, fraction] : kAnimation) {
+      const int x =
+          geometry.slider_x + static_cast<int>(std::lround(fraction * geometry.slider_width));
+      script.Click(x, geometry.list_top + row * geometry.row_height + geometry.row_height / 2)
+          .Key(SDLK_RETURN)
+          .SaveOverHost(FrameName(++frame));
+    }
+    script.Close();
+    return {"shader animation",
+            [this](SDL_Window* /*parent*/) {
+              Json result = ShowInHost(*session_);
+              ToggleShaderView(*session_);
+              return result;
+            },
+            std::move(script)};
+  }
+
   // Flushed at once, so that whoever reads the output sees each Apply when it happens.
   static void PrintApply(const Values& values) {
     PrintJsonLine({{"event", "apply"}, {"values", ValuesAsJson(values)}});
@@ -237,6 +289,7 @@ class ShaderCommand : public DemoCommand {
 
   std::string file_;
   std::vector<std::string> settings_;
+  DemoSession* session_ = nullptr;  // The demo window's; null before it has opened.
 };
 
 }  // namespace

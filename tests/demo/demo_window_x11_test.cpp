@@ -40,23 +40,27 @@ constexpr const char* kBoxTitle = "Message box";
 constexpr SDL_Point kFirstButton{40, 610};
 constexpr SDL_Rect kResultLine{12, 672, 876, 44};
 
-frontend::gui::OwnedSdlSurface Shoot(X11WindowId window) {
-  const TemporaryDirectory folder;
-  const std::string file = folder.path() / "window.png";
-  testing::SaveX11Screenshot(window, file);
+frontend::gui::OwnedSdlSurface LoadPicture(const std::string& file) {
   const frontend::gui::OwnedSdlSurface picture(IMG_Load(file.c_str()));
   return frontend::gui::OwnedSdlSurface(
       SDL_ConvertSurfaceFormat(picture.get(), SDL_PIXELFORMAT_RGB24, 0));
 }
 
-std::string PixelsIn(X11WindowId window, const SDL_Rect& area) {
-  const frontend::gui::OwnedSdlSurface picture = Shoot(window);
+std::string PixelsIn(const std::string& file, const SDL_Rect& area) {
+  const frontend::gui::OwnedSdlSurface picture = LoadPicture(file);
   std::string pixels;
   for (int y = area.y; y < area.y + area.h; ++y) {
     pixels.append(static_cast<const char*>(picture->pixels) + y * picture->pitch + 3 * area.x,
                   static_cast<size_t>(3 * area.w));
   }
   return pixels;
+}
+
+std::string PixelsIn(X11WindowId window, const SDL_Rect& area) {
+  const TemporaryDirectory folder;
+  const std::string file = folder.path() / "window.png";
+  testing::SaveX11Screenshot(window, file);
+  return PixelsIn(file, area);
 }
 
 // The lower half of the guest picture, which no message box covers.
@@ -213,6 +217,30 @@ TEST_F(DemoHost, DrawsWithItsOpenGlContextUnderEveryDialog) {
   host.Run();
   EXPECT_EQ(host.View().Describe(), "shader: demo_crt.glsl");
   EXPECT_EQ(host.LostContexts(), 0);
+}
+
+class TourProgram : public testing::X11DisplayTest {
+ protected:
+  // What a picture shows of the guest above the shader dialog.
+  std::string GuestIn(const std::string& picture, int height) const {
+    return PixelsIn(folder_.path() / (picture + ".png"), {70, 12, 760, height});
+  }
+
+  TemporaryDirectory folder_;
+};
+
+TEST_F(TourProgram, ShaderAnimationChangesTheGuestPictureAndPutsItBack) {
+  const ProgramResult result = testing::RunProgram(
+      {QUINDLE_DEMO_PROGRAM, "tour", "--display", "--only", "shader", "--out", folder_.path()});
+  ASSERT_EQ(result.exit_status, 0) << result.err;
+  std::string before = GuestIn("demo-window", 280);
+  for (int frame = 0; frame < 15; ++frame) {
+    const std::string number = (frame < 10 ? "0" : "") + std::to_string(frame);
+    const std::string shown = GuestIn("shader-animation-" + number, 280);
+    EXPECT_TRUE(shown != before) << frame;
+    before = shown;
+  }
+  EXPECT_TRUE(GuestIn("shader-over-demo-window", 40) == GuestIn("demo-window", 40));
 }
 
 class MessageProgram : public testing::X11DisplayTest {};
