@@ -10,6 +10,7 @@
 
 #include "utils/ascii_text.h"
 #include "utils/file_utils.h"
+#include "utils/path_text.h"
 
 namespace quindle::opengl {
 namespace {
@@ -83,19 +84,20 @@ PresetSources FindSources(std::string_view text) {
   return sources;
 }
 
-// The path of the file that a preset in `folder` calls `name`; empty when it names none.
-std::string ResolveFileName(const fs::path& folder, std::string_view name) {
-  if (name.empty() || fs::path(name).is_absolute()) {
+// The path of the file that `preset` calls `name`; empty when it names none.
+std::string ResolveFileName(const fs::path& preset, std::string_view name) {
+  if (name.empty() || utils::path_from_text(name).is_absolute()) {
     return std::string(name);
   }
-  fs::path path = folder / name;
+  const fs::path folder = preset.parent_path();
+  fs::path path = folder / utils::path_from_text(name);
   std::error_code error;
   if (name.find('\\') != std::string_view::npos && !fs::exists(path, error)) {
     std::string slashes(name);
     std::replace(slashes.begin(), slashes.end(), '\\', '/');
-    path = folder / slashes;
+    path = folder / utils::path_from_text(slashes);
   }
-  return path.lexically_normal().string();
+  return utils::text_from_path(utils::with_separators_of(preset, path.lexically_normal()));
 }
 
 std::string ReadPreset(const fs::path& path) {
@@ -115,16 +117,16 @@ std::string_view WithoutByteOrderMark(std::string_view text) {
 
 std::string ResolveGlslpFirstPass(const std::string& presetPath) {
   std::vector<fs::path> visited;
-  fs::path preset = presetPath;
+  fs::path preset = utils::path_from_text(presetPath);
   while (!preset.empty() && visited.size() <= kMaxReferenceDepth &&
          std::find(visited.begin(), visited.end(), preset.lexically_normal()) == visited.end()) {
     visited.push_back(preset.lexically_normal());
     const std::string text = ReadPreset(preset);
     const PresetSources sources = FindSources(WithoutByteOrderMark(text));
     if (sources.first_pass) {
-      return ResolveFileName(preset.parent_path(), *sources.first_pass);
+      return ResolveFileName(preset, *sources.first_pass);
     }
-    preset = ResolveFileName(preset.parent_path(), sources.reference.value_or(""));
+    preset = utils::path_from_text(ResolveFileName(preset, sources.reference.value_or("")));
   }
   return {};
 }

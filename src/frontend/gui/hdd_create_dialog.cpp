@@ -1,7 +1,6 @@
 #include "frontend/gui/hdd_create_dialog.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <limits>
 #include <stdexcept>
 
@@ -15,6 +14,7 @@
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/text_entry.h"
 #include "utils/ascii_text.h"
+#include "utils/path_text.h"
 #include "utils/path_utils.h"
 #include "utils/string_utils.h"
 
@@ -251,8 +251,7 @@ unsigned int ParseHddCreateSizeMbOrDefault(const std::string& text, unsigned int
 }
 
 std::string BuildHddCreateTargetPath(const std::string& folder, const std::string& fileName) {
-  const std::filesystem::path folder_path(TextOr(folder, kInitialFolder));
-  return (folder_path / TextOr(fileName, kInitialFileName)).string();
+  return utils::join_path_texts(TextOr(folder, kInitialFolder), TextOr(fileName, kInitialFileName));
 }
 
 void CommitHddCreateDialogResult(HddCreateDialogState* state) {

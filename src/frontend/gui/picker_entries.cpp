@@ -1,10 +1,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
+#include "frontend/gui/picker_files.h"
 #include "frontend/gui/sdl_pickers.h"
+#include "utils/path_text.h"
 #include "utils/string_utils.h"
 
 namespace quindle::frontend::gui {
@@ -13,37 +14,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kParentRowName = "..";
-
-// What one pass over a directory found, in the order in which the file system gave it.
-struct ScannedEntries {
-  std::vector<PickerEntry> directories;
-  std::vector<PickerEntry> files;
-};
-
-// The tests take the type that came with the directory and look at the file itself only for links
-// and for file systems that give no type. An entry whose status cannot be read is neither.
-void ScanEntry(const fs::directory_entry& entry, bool (*accept)(const fs::path&),
-               ScannedEntries* found) {
-  std::error_code error;
-  const fs::path& path = entry.path();
-  if (entry.is_directory(error)) {
-    found->directories.push_back(PickerEntry{path.filename().string(), path, true});
-  } else if (accept != nullptr && !error && entry.is_regular_file(error) && accept(path)) {
-    found->files.push_back(PickerEntry{path.filename().string(), path, false});
-  }
-}
-
-// A null `accept` takes no file. Ends at the first error of opening or advancing.
-ScannedEntries ScanDirectory(const fs::path& dir, bool (*accept)(const fs::path&)) {
-  ScannedEntries found;
-  std::error_code error;
-  fs::directory_iterator position(dir, error);
-  while (!error && position != fs::directory_iterator()) {
-    ScanEntry(*position, accept, &found);
-    position.increment(error);
-  }
-  return found;
-}
 
 // What orders the rows, beside a row's place in its group. The name is lowered once and not in
 // every comparison of a sort.
@@ -70,8 +40,8 @@ void AppendSorted(std::vector<PickerEntry> group, std::vector<PickerEntry>* rows
 }
 
 void AppendParentRow(const fs::path& dir, std::vector<PickerEntry>* rows) {
-  fs::path parent = dir.parent_path();
-  if (!parent.empty() && parent != dir) {
+  fs::path parent = utils::parent_folder(dir);
+  if (!parent.empty()) {
     rows->push_back(PickerEntry{std::string(kParentRowName), std::move(parent), true});
   }
 }
@@ -79,7 +49,7 @@ void AppendParentRow(const fs::path& dir, std::vector<PickerEntry>* rows) {
 }  // namespace
 
 bool HasAnyExtension(const fs::path& p, std::initializer_list<const char*> extensions) {
-  const std::string extension = utils::ascii_to_lower(p.extension().string());
+  const std::string extension = utils::ascii_to_lower(utils::text_from_path(p.extension()));
   return std::any_of(extensions.begin(), extensions.end(),
                      [&extension](const char* candidate) { return extension == candidate; });
 }

@@ -15,6 +15,7 @@
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/text_entry.h"
 #include "utils/ascii_text.h"
+#include "utils/path_text.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -63,7 +64,7 @@ std::string FolderOrWorkingDirectory(std::string_view folder) {
   }
   std::error_code error;
   const std::filesystem::path current = std::filesystem::current_path(error);
-  return error ? "." : current.string();
+  return error ? "." : utils::text_from_path(current);
 }
 
 // The focus of the format's option field.
@@ -265,10 +266,11 @@ void DrawOption(const ScreenshotSaveDialogSession& session,
 void DrawTargetPath(const ScreenshotSaveDialogSession& session,
                     const ScreenshotSaveDialogLayout& layout) {
   DrawFormText(session.renderer, "Will be saved as:", kFormLabelX, layout.saved_as_y, kFormDimText);
-  const std::filesystem::path folder(FolderOrWorkingDirectory(session.folder_text));
+  const std::string folder = FolderOrWorkingDirectory(session.folder_text);
   const std::string name =
       ReplaceFilenameExtension(std::string(session.file_name_text), session.format);
-  DrawFormTextEnd(session.renderer, EllipsizeLeft((folder / name).string(), kMaxShownPathBytes),
+  DrawFormTextEnd(session.renderer,
+                  EllipsizeLeft(utils::join_path_texts(folder, name), kMaxShownPathBytes),
                   kFormLabelX, layout.path_y, layout.cancel_button.x - kGapBeforeButton, kFormText);
 }
 

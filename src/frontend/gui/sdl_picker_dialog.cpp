@@ -6,6 +6,7 @@
 #include "frontend/gui/drawable_text.h"
 #include "frontend/gui/numbers.h"
 #include "frontend/gui/open_dialog.h"
+#include "frontend/gui/picker_files.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/sdl_host_state.h"
 #include "frontend/gui/sdl_modal_events.h"
@@ -14,6 +15,7 @@
 #include "frontend/gui/sdl_pickers.h"
 #include "frontend/gui/sdl_text_fit.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
+#include "utils/path_text.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -130,11 +132,12 @@ SimpleScrollbarLayout BuildScrollbar(const PickerLayout& layout, const PickerSta
 
 fs::path ResolveStartDirectory(const fs::path& requested) {
   std::error_code error;
-  const fs::file_status status = fs::status(requested, error);
+  const fs::file_type type = FindFileType(requested);
   fs::path dir = requested;
-  if (status.type() == fs::file_type::none || status.type() == fs::file_type::not_found) {
+  if (type == fs::file_type::none || type == fs::file_type::not_found ||
+      !utils::has_text(requested)) {
     dir = fs::current_path(error);
-  } else if (!fs::is_directory(status)) {
+  } else if (type != fs::file_type::directory) {
     dir = requested.parent_path();
   }
   return dir.empty() ? fs::current_path(error) : dir;
@@ -156,13 +159,13 @@ bool TryAcceptPickerSelection(const SdlPickerDialogOptions& options, const fs::p
                               const std::vector<PickerEntry>& rows, int selected,
                               std::string* result) {
   if (options.mode == kFolderMode) {
-    *result = currentDir.string();
+    *result = utils::text_from_path(currentDir);
     return true;
   }
   if (!IsRow(rows, selected) || IsDirectoryRow(rows, selected)) {
     return false;
   }
-  *result = rows[static_cast<std::size_t>(selected)].path.string();
+  *result = utils::text_from_path(rows[static_cast<std::size_t>(selected)].path);
   return true;
 }
 
@@ -360,7 +363,8 @@ void DrawHeader(SDL_Renderer* renderer, const SdlPickerDialogOptions& options,
                 const PickerState& state, const SDL_Rect& header) {
   const int room = header.w - 2 * kHeaderMargin;
   const std::string hint = FitTextLeft(PickerFont(), DrawableText(options.hint), room);
-  const std::string dir = FitTextRight(PickerFont(), DrawableText(state.dir.string()), room);
+  const std::string dir =
+      FitTextRight(PickerFont(), DrawableText(utils::text_from_path(state.dir)), room);
   FillRect(renderer, header, kHeaderFill);
   DrawText(renderer, hint, kHeaderMargin, kHintY);
   DrawText(renderer, dir, kHeaderMargin, kDirectoryY);

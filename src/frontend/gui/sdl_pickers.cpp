@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "frontend/gui/text_entry.h"
+#include "utils/path_text.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -45,7 +46,7 @@ std::vector<PickerEntry> LoadFontPickerEntries(const fs::path& dir) {
 
 // Existence is not looked at here: the dialog falls back by itself.
 fs::path ResolveSimplePickerStartDir(const std::string& requested, const char* fallback) {
-  return TextOr(requested, fallback);
+  return utils::path_from_text(TextOr(requested, fallback));
 }
 
 // What the three file pickers have in common; sizes and mode are the record's defaults.
@@ -98,7 +99,8 @@ std::string ShowSimpleFolderPicker(SDL_Window* parent, const FolderPickerOptions
   SdlPickerDialogOptions dialog;
   dialog.title = title.c_str();
   dialog.hint = TextOr(options.hint, defaults.hint);
-  dialog.start_dir = options.start_dir.empty() ? fs::current_path() : fs::path(options.start_dir);
+  dialog.start_dir =
+      options.start_dir.empty() ? fs::current_path() : utils::path_from_text(options.start_dir);
   dialog.load_entries = ReadFolderPickerEntries;
   dialog.label_entry = LabelFolderPickerEntry;
   dialog.accept_label = accept_label.c_str();

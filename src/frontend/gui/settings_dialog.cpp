@@ -1,7 +1,6 @@
 #include "frontend/gui/settings_dialog.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <optional>
 #include <utility>
 
@@ -14,6 +13,7 @@
 #include "frontend/gui/sdl_ui_font_cache.h"
 #include "frontend/gui/settings_page.h"
 #include "frontend/gui/settings_style.h"
+#include "utils/path_text.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -342,7 +342,7 @@ void HandleSettingsFontPickerHit(SettingsDialogValues* values, SDL_Window* dialo
     return;
   }
   const std::string start_folder =
-      std::filesystem::path(values->custom_font_path).parent_path().string();
+      utils::text_from_path(utils::path_from_text(values->custom_font_path).parent_path());
   std::string chosen = ShowSimpleTtfFilePicker(dialog_window, start_folder);
   if (!chosen.empty()) {
     values->custom_font_path = std::move(chosen);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <locale>
 #include <optional>
 #include <sstream>
@@ -16,6 +15,7 @@
 #include "opengl/shader_preset.h"
 #include "utils/ascii_text.h"
 #include "utils/file_utils.h"
+#include "utils/path_text.h"
 #include "utils/string_utils.h"
 
 namespace quindle::frontend::gui {
@@ -34,13 +34,14 @@ std::string_view TrimStr(std::string_view text) {
 }
 
 std::string ExtLower(const std::string& path) {
-  return utils::ascii_to_lower(std::filesystem::path(path).extension().string());
+  return utils::ascii_to_lower(utils::text_from_path(utils::path_from_text(path).extension()));
 }
 
 std::optional<std::string> ReadSource(const std::string& path) {
   std::string contents;
   std::string error;
-  if (!utils::read_text_file(path, contents, error, "cannot open file", "cannot read file")) {
+  if (!utils::read_text_file(utils::path_from_text(path), contents, error, "cannot open file",
+                             "cannot read file")) {
     return std::nullopt;
   }
   return contents;

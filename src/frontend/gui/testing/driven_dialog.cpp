@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "frontend/gui/testing/settings_controls.h"
+#include "utils/path_text.h"
 
 namespace quindle::frontend::gui::testing {
 namespace {
@@ -26,7 +27,7 @@ struct Contents {
            });
   }
   std::string operator()(const OpenPicker& picker) const {
-    return "the folder " + Quoted(picker.dir->string()) + " with the rows " +
+    return "the folder " + Quoted(utils::text_from_path(*picker.dir)) + " with the rows " +
            List(*picker.rows, [](const PickerEntry& row) {
              return Quoted(row.name) + (row.is_directory ? " (folder)" : "");
            });
