@@ -1,5 +1,6 @@
 // Every allocation and every file-system call is made to fail once, in every scenario.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cctype>
@@ -8,9 +9,12 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "faults/fault_scenarios.h"
 #include "faults/resource_interposers.h"
+#include "frontend/gui/sdl_message_box.h"
+#include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
 #include "support/plain_interposers.h"
 
@@ -142,6 +146,62 @@ TEST(FontCacheFaults, FailingAllocationsLoseNoFont) {
   EXPECT_GT(failed, 0) << "a fault that is never reached tests nothing";
   frontend::gui::ShutdownSdlUiCachedFonts();
   EXPECT_EQ(AliveNow().fonts, before);
+}
+
+void PushUserEvent(int code) {
+  SDL_Event event{};
+  event.type = SDL_USEREVENT;
+  event.user.code = code;
+  ASSERT_EQ(SDL_PushEvent(&event), 1);
+}
+
+// The codes of the user events that stand in the queue, which is emptied.
+std::vector<int> TakeUserEvents() {
+  std::vector<int> codes;
+  SDL_Event event;
+  while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_USEREVENT, SDL_USEREVENT) == 1) {
+    codes.push_back(event.user.code);
+  }
+  SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+  return codes;
+}
+
+// A message box that keeps one of the host's events and leaves one unread; the `nth` allocation
+// after that fails. Returns how many there were.
+long ShowKeepingEvents(long nth) {
+  int frame = 0;
+  frontend::gui::SetModalDialogHeartbeat([&frame, nth] {
+    ++frame;
+    if (frame == 1) {
+      PushUserEvent(1);
+    } else if (frame == 3) {
+      SDL_Event quit{};
+      quit.type = SDL_QUIT;
+      SDL_PushEvent(&quit);
+      PushUserEvent(2);
+      ArmFault(FaultKind::Allocation, nth);
+    }
+  });
+  try {
+    frontend::gui::SdlMessageBox({}).Show(nullptr, 1.0F);
+  } catch (const std::bad_alloc&) {
+  }
+  const long count = DisarmFault();
+  frontend::gui::SetModalDialogHeartbeat(nullptr);
+  return count;
+}
+
+TEST(EventFaults, FailingAllocationsLoseNoneOfTheHostsEvents) {
+  ASSERT_EQ(SDL_Init(SDL_INIT_VIDEO), 0) << SDL_GetError();
+  const long count = ShowKeepingEvents(0);
+  EXPECT_THAT(TakeUserEvents(), ::testing::ElementsAre(1, 2));
+  ASSERT_GT(count, 0) << "a fault that is never reached tests nothing";
+  for (long nth = 1; nth <= count; ++nth) {
+    ShowKeepingEvents(nth);
+    EXPECT_THAT(TakeUserEvents(), ::testing::UnorderedElementsAre(1, 2)) << "allocation " << nth;
+  }
+  frontend::gui::ShutdownSdlUiCachedFonts();
+  SDL_Quit();
 }
 
 std::string ParameterName(const ::testing::TestParamInfo<FaultScenario>& info) {

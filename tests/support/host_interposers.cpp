@@ -26,6 +26,13 @@ int SDL_PeepEvents(SDL_Event* events, int count, SDL_eventaction action, Uint32 
   return real(events, count, action, first, last);
 }
 
+QUINDLE_WRAP_SLOT(SDL_FilterEvents, false)
+void SDL_FilterEvents(SDL_EventFilter filter, void* userdata) {
+  QUINDLE_REAL(SDL_FilterEvents);
+  EnterCall(slot, nullptr);
+  real(filter, userdata);
+}
+
 QUINDLE_WRAP_SLOT(SDL_free, false)
 void SDL_free(void* memory) {
   QUINDLE_REAL(SDL_free);

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <new>
+#include <optional>
 
 namespace quindle::frontend::gui {
 namespace {
 
-// As many as SDL's queue holds: a host that posts without end must not fill the memory.
-constexpr std::size_t kMaxKeptEvents = 65535;
+// A host that posts without end must not fill the memory. SDL's queue holds one more.
+constexpr std::size_t kMaxKeptEvents = 65534;
 
 // How many queues of dialogs have gone out of scope. All dialogs run on one thread.
 unsigned g_ended_queues = 0;
@@ -85,56 +85,93 @@ Uint32 InputWindowId(const SDL_Event& event) {
   }
 }
 
-// Moves all that is in the queue behind `events`. Where memory ends, the rest stays in the queue.
-void TakeQueued(std::vector<SDL_Event>* events) {
-  // Far more than a queue holds as a rule, so that one call takes all.
-  constexpr int kChunk = 1024;
-  int taken = 0;
-  do {
-    const std::size_t known = events->size();
-    try {
-      events->resize(known + kChunk);
-    } catch (const std::bad_alloc&) {
-      return;
-    }
-    taken = SDL_PeepEvents(&(*events)[known], kChunk, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT);
-    events->resize(known + static_cast<std::size_t>(std::max(taken, 0)));
-  } while (taken == kChunk);
+// Some SDLs queue the address of a text, which an event that was taken out and put back would lose.
+bool HoldsText(const SDL_Event& event) {
+  switch (event.type) {
+    case SDL_TEXTINPUT:
+    case SDL_TEXTEDITING:
+    case SDL_TEXTEDITING_EXT:
+    case SDL_DROPFILE:
+    case SDL_DROPTEXT:
+      return true;
+    default:
+      return false;
+  }
 }
 
 // Not pushed: no event watch must see them twice.
-int AddToQueue(std::vector<SDL_Event>* events) {
-  return SDL_PeepEvents(events->data(), static_cast<int>(events->size()), SDL_ADDEVENT,
-                        SDL_FIRSTEVENT, SDL_LASTEVENT);
+void AddToQueue(std::vector<SDL_Event>* events) {
+  SDL_PeepEvents(events->data(), static_cast<int>(events->size()), SDL_ADDEVENT, SDL_FIRSTEVENT,
+                 SDL_LASTEVENT);
+  events->clear();
 }
 
-bool AreSame(const SDL_Event& a, const SDL_Event& b) {
-  // SDL's own name for all bytes of the union.
-  return std::equal(std::begin(a.padding), std::end(a.padding), std::begin(b.padding));
-}
+// A pass over the queue, during which SDL keeps other threads away. SDL adds at the end only; so
+// all that is queued moves behind the events that are to stand in front.
+class MoveBehind {
+ public:
+  explicit MoveBehind(std::vector<SDL_Event>* events) : events_(events) {}
 
-bool IsFirstInQueue(const SDL_Event& event) {
-  SDL_Event first{};
-  return SDL_PeepEvents(&first, 1, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1 &&
-         AreSame(first, event);
-}
+  static int SDLCALL Visit(void* self, SDL_Event* event) {
+    // SDL does not count its own.
+    const bool is_sdls_own = event->type == SDL_POLLSENTINEL;
+    return is_sdls_own || static_cast<MoveBehind*>(self)->Stays(*event) ? 1 : 0;
+  }
 
-// Puts `events` in front of all that is queued. SDL adds at the end only, so what is queued is
-// taken out first. What another thread adds in that moment stands in front then, although it is
-// younger; the same is done again, with that behind.
+  // Dropped when it is met.
+  SDL_Event Mark() const {
+    SDL_Event mark{};
+    mark.type = SDL_USEREVENT;
+    mark.user.data1 = const_cast<MoveBehind*>(this);
+    return mark;
+  }
+
+ private:
+  bool IsMark(const SDL_Event& event) const {
+    return event.type == SDL_USEREVENT && event.user.data1 == this;
+  }
+
+  bool Stays(const SDL_Event& event) {
+    if (!unvisited_) {
+      unvisited_ = CountQueued();
+    }
+    if (*unvisited_ == 0) {
+      return !IsMark(event);
+    }
+    const bool moves = !HoldsText(event);
+    if (moves && !IsMark(event)) {
+      events_->push_back(event);
+    }
+    if (--*unvisited_ == 0) {
+      AddToQueue(events_);
+    }
+    return !moves;
+  }
+
+  // Makes room for them too; 0 where memory ends, and all that is queued stays.
+  int CountQueued() {
+    const int count = SDL_PeepEvents(nullptr, 0, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT);
+    try {
+      events_->reserve(events_->size() + static_cast<std::size_t>(std::max(count, 0)));
+    } catch (const std::bad_alloc&) {
+      return 0;
+    }
+    return std::max(count, 0);
+  }
+
+  std::vector<SDL_Event>* events_;
+  std::optional<int> unvisited_;  // Of what was queued; unknown before the first.
+};
+
+// Puts `events` in front of all that is queued, and empties the list.
 void PutInFront(std::vector<SDL_Event>* events) {
-  constexpr int kMostTries = 20;
-  const SDL_Event first = events->front();
-  TakeQueued(events);
-  int added = AddToQueue(events);
-  for (int tries = 1; added > 0 && !IsFirstInQueue(first) && tries < kMostTries; ++tries) {
-    events->clear();
-    TakeQueued(events);
-    const auto own = std::find_if(events->begin(), events->end(), [&first](const SDL_Event& event) {
-      return AreSame(event, first);
-    });
-    std::rotate(events->begin(), own, own + std::min<std::ptrdiff_t>(added, events->end() - own));
-    added = AddToQueue(events);
+  MoveBehind pass(events);
+  // An empty queue would not be passed over, and another thread may add to it just then.
+  SDL_Event mark = pass.Mark();
+  SDL_PeepEvents(&mark, 1, SDL_ADDEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT);
+  SDL_FilterEvents(&MoveBehind::Visit, &pass);
+  if (!events->empty()) {
+    AddToQueue(events);
   }
 }
 
