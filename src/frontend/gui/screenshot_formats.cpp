@@ -6,6 +6,7 @@
 #include <ctime>
 #include <stdexcept>
 
+#include "frontend/gui/local_time.h"
 #include "frontend/gui/screenshot_save_dialog.h"
 #include "frontend/gui/sdl_draw.h"
 #include "frontend/gui/text_entry.h"
@@ -84,9 +85,7 @@ std::string ReplaceFilenameExtension(const std::string& name, ScreenshotSaveForm
 }
 
 std::string MakeDefaultScreenshotFilename(ScreenshotSaveFormat format) {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
+  const std::tm local = ToLocalTime(std::time(nullptr));
   std::array<char, 64> stem{};
   std::snprintf(stem.data(), stem.size(), "%s_%04d_%02d_%02d_%02d_%02d_%02d", kCapturePrefix,
                 local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min,
