@@ -5,6 +5,16 @@ function(quindle_soversion version result)
   set(${result} "${soversion}" PARENT_SCOPE)
 endfunction()
 
+# A fused multiply-add would give other parameter values on other processors. Sources are UTF-8, which
+# all compilers but one take for granted.
+function(_quindle_set_up_language target)
+  if(MSVC)
+    target_compile_options(${target} PRIVATE /utf-8 /fp:precise)
+  elseif(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+    target_compile_options(${target} PRIVATE -ffp-contract=off)
+  endif()
+endfunction()
+
 # How every source of the libraries is compiled; "library" is the one that it becomes a part of.
 function(_quindle_set_up_objects target library)
   string(TOUPPER ${library} prefix)
@@ -19,8 +29,7 @@ function(_quindle_set_up_objects target library)
   endif()
   target_compile_definitions(${target} PRIVATE ${prefix}_BUILDING)
   target_compile_features(${target} PUBLIC cxx_std_20)
-  # A fused multiply-add would give other parameter values on other processors.
-  target_compile_options(${target} PRIVATE -ffp-contract=off)
+  _quindle_set_up_language(${target})
   target_include_directories(${target}
     PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
     PRIVATE "${PROJECT_SOURCE_DIR}/src")
@@ -44,7 +53,8 @@ function(quindle_add_library target directory)
   _quindle_set_up_objects(${target} ${target})
   quindle_soversion(${PROJECT_VERSION} soversion)
   set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${soversion})
-  if(NOT QUINDLE_SANITIZERS)
+  # The linkers of Windows and macOS want everything defined by themselves.
+  if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND NOT QUINDLE_SANITIZERS)
     target_link_options(${target} PRIVATE -Wl,--no-undefined)
   endif()
 endfunction()
