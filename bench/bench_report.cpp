@@ -233,7 +233,7 @@ int Report(const fs::path& folder) {
   const std::vector<TableRow> rows = MeasureAll();
   fs::create_directories(folder);
   WriteText(folder / "benchmarks.json", TableAsJson(rows));
-  WriteText(folder / "benchmarks.md", TableAsMarkdown(rows));
+  WriteText(folder / "benchmarks.md", "# Benchmarks\n\n" + TableAsMarkdown(rows));
   std::fputs(TableAsMarkdown(rows).c_str(), stdout);
   return EXIT_SUCCESS;
 }

@@ -48,7 +48,7 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${packaging_output}/shlibs;${pac
 
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${summary} - development files
 ${description} the headers, a CMake package, a pkg-config file and the
-reference of the headers.")
+reference of the headers with the guide.")
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${development_package})
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)

@@ -77,7 +77,8 @@ has() {
 }
 
 check_contents() {
-  has libquindle-sdl-ui-dev 'dialog_driver\.h' 'libquindle_dialog_driver\.a' 'html/index\.html' copyright
+  has libquindle-sdl-ui-dev 'dialog_driver\.h' 'libquindle_dialog_driver\.a' 'html/index\.html' 'html/guide\.html' \
+    'html/shader\.png' copyright
   has quindle-dialogs 'man1/quindle_dialogs\.1\.gz' 'quindle_dialogs\.desktop' 'quindle_dialogs\.svg' copyright
 }
 
