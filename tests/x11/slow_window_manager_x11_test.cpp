@@ -143,6 +143,26 @@ TEST_F(LateFrameOfAnOldWindowManager, DialogGetsTheFocus) {
             kCancelId);
 }
 
+// --- A frame that comes after all waiting --------------------------------------------------------
+
+class VeryLateFrame : public SlowWindowManager {
+ public:
+  static void SetUpTestSuite() { Start({"1500"}); }
+};
+
+// Nothing else tells that the dialog wants the keys: no window of the program has them.
+TEST_F(VeryLateFrame, DialogGetsTheFocusThatNobodyHas) {
+  Display* const display = FindX11Handle(Parent())->display;
+  XSetInputFocus(display, None, RevertToNone, CurrentTime);
+  testing::PumpX11Until("no window has the focus",
+                        [] { return SDL_GetKeyboardFocus() == nullptr; });
+  EXPECT_EQ(ShowAnd([] {
+              WaitForX11Focus(WaitForX11Window(kTitle));
+              PressKey("Escape");
+            }),
+            kCancelId);
+}
+
 // --- A frame that never comes --------------------------------------------------------------------
 
 class MissingFrame : public SlowWindowManager {

@@ -6,10 +6,23 @@
 namespace quindle::frontend::gui {
 namespace {
 
-void RaiseAndFocus(SDL_Window* window, const X11ErrorTrap& trap) {
+// The name under which a dialog's window keeps that it could not have the focus yet.
+constexpr const char* kFocusIsDue = "quindle_focus_is_due";
+
+// False when the window system was too slow to show the window, which thus got no focus.
+bool RaiseAndFocus(SDL_Window* window, const X11ErrorTrap& trap) {
   SDL_RaiseWindow(window);
-  trap.WaitUntilViewable();
+  const bool viewable = trap.WaitUntilViewable();
   SDL_SetWindowInputFocus(window);
+  return viewable;
+}
+
+void FocusOnceViewable(SDL_Window* window) {
+  const X11ErrorTrap trap(window);
+  if (trap.IsOnScreen()) {
+    SDL_SetWindowData(window, kFocusIsDue, nullptr);
+    RaiseAndFocus(window, trap);
+  }
 }
 
 bool IsSameOrModalFor(SDL_Window* window, SDL_Window* other) {
@@ -24,7 +37,9 @@ bool IsSameOrModalFor(SDL_Window* window, SDL_Window* other) {
 void ShowFocusedWindow(SDL_Window* window) {
   const X11ErrorTrap trap(window);
   SDL_ShowWindow(window);
-  RaiseAndFocus(window, trap);
+  if (!RaiseAndFocus(window, trap)) {
+    SDL_SetWindowData(window, kFocusIsDue, window);
+  }
 }
 
 void FocusShownWindow(SDL_Window* window) {
@@ -33,6 +48,10 @@ void FocusShownWindow(SDL_Window* window) {
 }
 
 void KeepFocusOnWindow(SDL_Window* window) {
+  if (SDL_GetWindowData(window, kFocusIsDue) != nullptr) {
+    FocusOnceViewable(window);
+    return;
+  }
   SDL_Window* rival = SDL_GetKeyboardFocus();
   if (rival == window || FindX11ModalParent(window) == nullptr) {
     return;

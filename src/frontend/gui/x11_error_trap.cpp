@@ -58,16 +58,24 @@ int X11ErrorTrap::MapState() const {
   return found != 0 ? attributes.map_state : IsUnmapped;
 }
 
-void X11ErrorTrap::WaitUntilViewable() const {
+bool X11ErrorTrap::WaitUntilViewable() const {
   using Clock = std::chrono::steady_clock;
   const Clock::time_point deadline = Clock::now() + kViewablePatience;
-  while (x11_ && MapState() == IsUnviewable && Clock::now() < deadline) {
+  while (x11_ && MapState() == IsUnviewable) {
+    if (Clock::now() >= deadline) {
+      return false;
+    }
     SDL_Delay(kViewableIntervalMs);
   }
+  return true;
+}
+
+bool X11ErrorTrap::IsOnScreen() const {
+  return !x11_ || MapState() == IsViewable;
 }
 
 bool X11ErrorTrap::CanTakeFocusFrom(SDL_Window* rival) const {
-  if (!x11_ || MapState() != IsViewable) {
+  if (!x11_ || !IsOnScreen()) {
     return false;
   }
   Window focused = 0;
@@ -81,7 +89,12 @@ bool X11ErrorTrap::CanTakeFocusFrom(SDL_Window* rival) const {
 
 X11ErrorTrap::X11ErrorTrap(SDL_Window* /*window*/) {}
 X11ErrorTrap::~X11ErrorTrap() = default;
-void X11ErrorTrap::WaitUntilViewable() const {}
+bool X11ErrorTrap::WaitUntilViewable() const {
+  return true;
+}
+bool X11ErrorTrap::IsOnScreen() const {
+  return true;
+}
 bool X11ErrorTrap::CanTakeFocusFrom(SDL_Window* /*rival*/) const {
   return false;
 }

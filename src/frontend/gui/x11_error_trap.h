@@ -26,8 +26,11 @@ class X11ErrorTrap {
 
   // Waits, for a few hundred milliseconds at most, while the window is mapped but what holds it is
   // not: only a viewable window can get the focus. Returns at once for a window that is not mapped,
-  // as nothing promises that it ever will be.
-  void WaitUntilViewable() const;
+  // as nothing promises that it ever will be. False when the time was too short.
+  bool WaitUntilViewable() const;
+
+  // Whether the window is on the screen. True outside X11.
+  bool IsOnScreen() const;
 
   // Whether the window is on the screen while `rival` has the keyboard, or while the keys go
   // wherever the pointer is. False outside X11.
