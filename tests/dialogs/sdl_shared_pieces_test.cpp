@@ -173,7 +173,7 @@ TEST_F(ModalFrame, DelaysAreEightAndTwelve) {
 
 TEST_F(ModalFrame, GuardsActAtTheEndOfTheirScope) {
   {
-    const ModalParentFocus focus(MakeParent());
+    const ModalParentFocus focus(MakeParent(), nullptr);
     const ModalTextInput text_input;
     EXPECT_TRUE(Recorder().alive().text_input);
     EXPECT_EQ(Recorder().CallCount("SDL_RaiseWindow"), 0);

@@ -286,7 +286,7 @@ void ShowSimpleAboutDialog(SDL_Window* parent, float /*scale*/) {
   if (bundle.window == nullptr || bundle.renderer == nullptr) {
     return;
   }
-  parent_focus.emplace(parent);
+  parent_focus.emplace(parent, bundle.window.get());
   RunAboutDialogLoop(bundle.window.get(), bundle.renderer.get(), fonts, metrics);
 }
 

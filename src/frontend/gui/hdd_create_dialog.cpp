@@ -298,7 +298,7 @@ HddCreateDialogResult ShowSimpleHddCreateDialog(SDL_Window* parent, const std::s
   if (bundle.window == nullptr || bundle.renderer == nullptr) {
     return ResultOf(state);
   }
-  const ModalParentFocus parent_focus(parent);
+  const ModalParentFocus parent_focus(parent, bundle.window.get());
   FormFont();  // Opened before the first frame; without it only the texts are missing.
   const ModalTextInput text_input;
   RunLoop(bundle, &state);

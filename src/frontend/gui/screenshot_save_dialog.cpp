@@ -505,7 +505,7 @@ ScreenshotSaveDialogResult ShowScreenshotSaveDialog(SDL_Window* parent,
   if (bundle.window == nullptr || bundle.renderer == nullptr) {
     return state.result;
   }
-  const ModalParentFocus parent_focus(parent);
+  const ModalParentFocus parent_focus(parent, bundle.window.get());
   EnsureScreenshotDialogFont();  // Opened before the first frame; the dialog works without it.
   const ModalTextInput text_input;
   RunLoop(bundle, &state);

@@ -396,7 +396,7 @@ int SdlMessageBox::Show(SDL_Window* parent, float /*scale*/) {
       fonts.buttonFont == nullptr) {
     return kNoChoice;
   }
-  const ModalParentFocus parent_focus(parent);
+  const ModalParentFocus parent_focus(parent, bundle.window.get());
   return RunSdlMessageBoxLoop(bundle.window.get(), bundle.renderer.get(), config_, kMessageBoxScale,
                               VisualForMessageBoxType(config_.type), fonts);
 }

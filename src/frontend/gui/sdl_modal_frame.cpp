@@ -1,5 +1,6 @@
 #include "frontend/gui/sdl_modal_frame.h"
 
+#include "frontend/gui/modal_hints.h"
 #include "frontend/gui/open_dialog.h"
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/window_focus.h"
@@ -29,7 +30,13 @@ void PresentModalFrame(SDL_Window* window, SDL_Renderer* renderer, bool* shown) 
   *shown = true;
 }
 
+ModalParentFocus::ModalParentFocus(SDL_Window* parent, SDL_Window* window)
+    : parent_(parent), window_id_(SDL_GetWindowID(window)) {}
+
 ModalParentFocus::~ModalParentFocus() {
+  if (SDL_Window* window = SDL_GetWindowFromID(window_id_)) {
+    UnmarkWindowModal(window);
+  }
   RestoreModalParentFocus(parent_);
 }
 

@@ -29,12 +29,13 @@ ModalPointer ReadModalPointer(SDL_Window* window);
 // display, and sets *shown.
 void PresentModalFrame(SDL_Window* window, SDL_Renderer* renderer, bool* shown);
 
-// Hands the focus back to the parent when it goes out of scope, by an exception too. Make it once
-// the dialog is open: a failed opening must not touch the parent. Its place among the dialog's
-// locals decides whether the window is still there at that moment.
+// Hands the focus back to the parent when it goes out of scope, by an exception too; before that
+// the parent takes input again. Make it once the dialog is open: a failed opening must not touch
+// the parent. Its place among the dialog's locals decides whether the dialog's window is still
+// there at that moment.
 class ModalParentFocus {
  public:
-  explicit ModalParentFocus(SDL_Window* parent) : parent_(parent) {}
+  ModalParentFocus(SDL_Window* parent, SDL_Window* window);
   ~ModalParentFocus();
   ModalParentFocus(const ModalParentFocus&) = delete;
   ModalParentFocus& operator=(const ModalParentFocus&) = delete;
@@ -43,6 +44,7 @@ class ModalParentFocus {
 
  private:
   SDL_Window* parent_;
+  Uint32 window_id_;
 };
 
 // Text input is on while this lives.

@@ -3,6 +3,7 @@
 #include <mutex>
 #include <utility>
 
+#include "frontend/gui/modal_hints.h"
 #include "frontend/gui/sdl_host_state.h"
 #include "frontend/gui/window_focus.h"
 #include "frontend/gui/x11_modal_hints.h"
@@ -48,6 +49,7 @@ void DestroySdlRenderer(SDL_Renderer* renderer) noexcept {
 
 void DestroySdlWindow(SDL_Window* window) noexcept {
   if (window != nullptr) {
+    UnmarkWindowModal(window);
     SDL_DestroyWindow(window);
   }
 }
@@ -109,7 +111,7 @@ ModalWindowBundle CreateModalWindowBundle(SDL_Window* parent, const char* title,
     return bundle;
   }
   if (parent != nullptr) {
-    MarkX11WindowModal(bundle.window.get(), parent);
+    MarkWindowModal(bundle.window.get(), parent);
   }
   return bundle;
 }

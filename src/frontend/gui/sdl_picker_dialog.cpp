@@ -447,7 +447,7 @@ std::string RunSimplePickerDialog(SDL_Window* parent, const SdlPickerDialogOptio
   if (bundle.window == nullptr || bundle.renderer == nullptr) {
     return {};
   }
-  const ModalParentFocus parent_focus(parent);
+  const ModalParentFocus parent_focus(parent, bundle.window.get());
   PickerFont();  // Opened before the first frame; without it only the texts are missing.
   PickerState state;
   OpenDirectory(options, std::move(start_dir), &state);

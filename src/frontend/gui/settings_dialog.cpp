@@ -211,7 +211,7 @@ void ShowSettingsDialog(SDL_Window* parent, float /*scale*/, const SettingsDialo
     SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, "Settings", "Failed to load font.", parent);
     return;
   }
-  parent_focus.emplace(parent);
+  parent_focus.emplace(parent, bundle.window.get());
   RunSettingsDialogLoop(&session, apply);
 }
 

@@ -485,7 +485,7 @@ void EditValues(SDL_Window* parent, const std::string& shader_path,
     ShowNotice(parent, SDL_MESSAGEBOX_ERROR, "Unable to load a font via SDL_ttf.");
     return;
   }
-  parent_focus.emplace(parent);
+  parent_focus.emplace(parent, bundle.window.get());
   ShaderDialogSession session;
   session.window = bundle.window.get();
   session.renderer = bundle.renderer.get();

@@ -1,7 +1,8 @@
 #include "frontend/gui/window_focus.h"
 
+#include "frontend/gui/modal_hints.h"
+#include "frontend/gui/windows_modal_owner.h"
 #include "frontend/gui/x11_error_trap.h"
-#include "frontend/gui/x11_modal_hints.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -27,7 +28,7 @@ void FocusOnceViewable(SDL_Window* window) {
 
 bool IsSameOrModalFor(SDL_Window* window, SDL_Window* other) {
   while (window != nullptr && window != other) {
-    window = FindX11ModalParent(window);
+    window = FindModalParent(window);
   }
   return window != nullptr;
 }
@@ -53,7 +54,7 @@ void KeepFocusOnWindow(SDL_Window* window) {
     return;
   }
   SDL_Window* rival = SDL_GetKeyboardFocus();
-  if (rival == window || FindX11ModalParent(window) == nullptr) {
+  if (rival == window || FindModalParent(window) == nullptr) {
     return;
   }
   if (rival == nullptr) {
@@ -64,7 +65,7 @@ void KeepFocusOnWindow(SDL_Window* window) {
   }
   // SDL hears of a focus late: what it names may be how things were before the dialog came.
   const X11ErrorTrap trap(window);
-  if (trap.CanTakeFocusFrom(rival)) {
+  if (trap.CanTakeFocusFrom(rival) || IsWindowsForeground(rival)) {
     RaiseAndFocus(window, trap);
   }
 }

@@ -6,12 +6,6 @@
 #include "frontend/gui/x11_library.h"
 
 namespace quindle::frontend::gui {
-namespace {
-
-// The name under which a dialog's window keeps its parent.
-constexpr const char* kModalFor = "quindle_modal_parent";
-
-}  // namespace
 
 X11DialogWindowType::X11DialogWindowType(bool wanted) : active_(wanted && IsX11Driver()) {
   if (!active_) {
@@ -27,10 +21,6 @@ X11DialogWindowType::~X11DialogWindowType() {
   if (active_) {
     SDL_SetHint(SDL_HINT_X11_WINDOW_TYPE, former_ ? former_->c_str() : nullptr);
   }
-}
-
-SDL_Window* FindX11ModalParent(SDL_Window* window) {
-  return static_cast<SDL_Window*>(SDL_GetWindowData(window, kModalFor));
 }
 
 #if defined(SDL_VIDEO_DRIVER_X11)
@@ -53,25 +43,27 @@ void SetModalState(const X11Library& xlib, const X11Handle& handle) {
 
 }  // namespace
 
-void MarkX11WindowModal(SDL_Window* window, SDL_Window* parent) {
+bool HintX11Modal(SDL_Window* window, SDL_Window* parent) {
   if (!IsX11Driver()) {
-    return;
+    return false;
   }
   const std::optional<X11Handle> own = FindX11Handle(window);
   const std::optional<X11Handle> owner = own ? FindX11Handle(parent) : std::nullopt;
   const X11Library xlib;
   if (!owner || !xlib.IsLoaded()) {
-    return;
+    return false;
   }
   xlib.set_transient_for_hint(own->display, own->window, owner->window);
   SetModalState(xlib, *own);
   xlib.flush(own->display);
-  SDL_SetWindowData(window, kModalFor, parent);
+  return true;
 }
 
 #else
 
-void MarkX11WindowModal(SDL_Window* /*window*/, SDL_Window* /*parent*/) {}
+bool HintX11Modal(SDL_Window* /*window*/, SDL_Window* /*parent*/) {
+  return false;
+}
 
 #endif
 

@@ -30,10 +30,7 @@ class X11DialogWindowType {
 
 // Marks a window that is still hidden as modal for `parent` and as no entry of task bars. Also says
 // again which window it belongs to: the relation set at its creation is lost when SDL makes the X11
-// window anew for its renderer.
-void MarkX11WindowModal(SDL_Window* window, SDL_Window* parent);
-
-// The parent that `window` was marked modal for; null when it was not marked.
-SDL_Window* FindX11ModalParent(SDL_Window* window);
+// window anew for its renderer. Returns whether it could.
+bool HintX11Modal(SDL_Window* window, SDL_Window* parent);
 
 }  // namespace quindle::frontend::gui
