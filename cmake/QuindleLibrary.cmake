@@ -58,3 +58,14 @@ function(quindle_add_library target directory)
     target_link_options(${target} PRIVATE -Wl,--no-undefined)
   endif()
 endfunction()
+
+# quindle_copy_dlls(<target> <imported target>...)
+# Puts the DLLs beside what <target> makes.
+function(quindle_copy_dlls target)
+  foreach(library IN LISTS ARGN)
+    add_custom_command(TARGET ${target} POST_BUILD
+      COMMAND "${CMAKE_COMMAND}" -E copy_if_different
+              $<TARGET_FILE:${library}> $<TARGET_FILE_DIR:${target}>
+      VERBATIM)
+  endforeach()
+endfunction()

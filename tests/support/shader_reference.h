@@ -5,8 +5,11 @@
 /// process locale, so compare under the C locale only.
 
 #include <algorithm>
+#include <bit>
 #include <cctype>
+#include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <locale>
 #include <sstream>
 #include <stdexcept>
@@ -129,6 +132,13 @@ inline std::vector<std::string> ReferenceNames(const std::string& contents) {
   return names;
 }
 
+/// One C library makes a NaN out of "nan(7)" that is not quiet.
+inline float ReferenceFloat(const std::string& text) {
+  const float value = std::stof(text);
+  return std::isnan(value) ? std::bit_cast<float>(std::bit_cast<std::uint32_t>(value) | 0x400000U)
+                           : value;
+}
+
 /// Reads a preset's text.
 inline std::vector<frontend::gui::ShaderParameterValue> ReferenceOverrides(
     const std::string& contents) {
@@ -150,7 +160,7 @@ inline std::vector<frontend::gui::ShaderParameterValue> ReferenceOverrides(
       text = text.substr(1, text.size() - 2);
     }
     try {
-      values.push_back({key, std::stof(text)});
+      values.push_back({key, ReferenceFloat(text)});
     } catch (const std::logic_error&) {
       // No number, or out of range: the line is skipped.
       continue;

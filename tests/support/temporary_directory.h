@@ -2,9 +2,9 @@
 
 /// A directory of a test's own, gone with everything in it when the test ends.
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -15,13 +15,12 @@ namespace quindle::testing {
 /// Sole owner of a fresh, empty directory.
 class TemporaryDirectory {
  public:
-  /// Makes the directory; throws std::runtime_error when that fails.
+  /// Makes the directory; throws std::filesystem::filesystem_error when that fails.
   TemporaryDirectory() {
-    std::string name = (std::filesystem::temp_directory_path() / "quindle_test_XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) {
-      throw std::runtime_error("cannot make a temporary directory");
-    }
-    path_ = name;
+    std::random_device random;
+    do {
+      path_ = std::filesystem::temp_directory_path() / ("quindle_test_" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(path_));
   }
   TemporaryDirectory(const TemporaryDirectory&) = delete;
   TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;

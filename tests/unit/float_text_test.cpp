@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "frontend/gui/float_conversion.h"
+#include "support/german_process.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -205,6 +206,8 @@ int Below(Random* random, int bound) {
   return std::uniform_int_distribution<int>(0, bound - 1)(*random);
 }
 
+#if defined(__GLIBC__)
+
 std::string RandomPieces(Random* random) {
   static const std::vector<std::string> kPieces = {
       " ", "+",   "-",   ".",       "e",    "E",    "p",   "0x",    "0",     "1",
@@ -234,8 +237,6 @@ std::string RandomFloat(Random* random) {
 std::string RandomText(Random* random) {
   return Below(random, 2) == 0 ? RandomPieces(random) : RandomFloat(random);
 }
-
-#if defined(__GLIBC__)
 
 // What std::stof makes of it.
 std::optional<float> ByTheCLibraryAlone(const std::string& text) {
@@ -313,7 +314,21 @@ TEST(FloatByCLibraryDigits, AreReadInBothBases) {
   EXPECT_EQ(FloatByCLibrary({"1e-60", FloatBase::Decimal}), std::nullopt);
 }
 
+// --- Locales -------------------------------------------------------------------------------------
+
+TEST(FloatTextLocale, DoesNotCount) {
+  const quindle::testing::GermanProcess process;
+  ASSERT_TRUE(process.IsGerman()) << "the system has no German locale";
+  ASSERT_EQ(std::strtof("1,5", nullptr), 1.5F) << "the locale does not use a comma";
+  EXPECT_EQ(ParseFloatPrefix("1.5"), 1.5F);
+  EXPECT_EQ(ParseFloatPrefix("1,5"), 1.0F);
+  EXPECT_EQ(FloatByCLibrary({"1.5", FloatBase::Decimal}), 1.5F);
+  EXPECT_EQ(FormatFixed(1234.5, 1), "1234.5");
+  EXPECT_EQ(FixedByCLibrary(1234.5, 1), "1234.5");
+}
+
 // --- Written
+// ---------------------------------------------------------------------------------------
 // ---------------------------------------------------------------------------------------
 
 TEST(FormatFixedText, HasExactlyTheDecimals) {

@@ -1,37 +1,13 @@
-// Formats and file names of screenshots. The clock and the calendar answer as the test says.
+// Formats and file names of screenshots.
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include <climits>
 #include <ctime>
-#include <optional>
 #include <string>
 
 #include "frontend/gui/screenshot_save_dialog.h"
 #include "utils/path_utils.h"
 #include "utils/string_utils.h"
-
-namespace {
-
-// What localtime_r answers for every time; the real answer when empty.
-std::optional<std::tm> g_calendar;
-bool g_calendar_fails = false;
-
-}  // namespace
-
-extern "C" std::tm* localtime_r(const std::time_t* time, std::tm* result) noexcept {
-  if (g_calendar_fails) {
-    return nullptr;
-  }
-  if (g_calendar) {
-    *result = *g_calendar;
-    return result;
-  }
-  using LocalTime = std::tm* (*)(const std::time_t*, std::tm*);
-  static const auto kReal = reinterpret_cast<LocalTime>(dlsym(RTLD_NEXT, "localtime_r"));
-  return kReal(time, result);
-}
 
 namespace quindle::frontend::gui {
 namespace {
@@ -161,62 +137,11 @@ TEST(ScreenshotFileName, GetsTheFormatsExtension) {
   }
 }
 
-class DefaultScreenshotFileName : public ::testing::Test {
- protected:
-  void SetUp() override {
-    std::tm calendar{};
-    calendar.tm_year = 126;
-    calendar.tm_mon = 10;
-    calendar.tm_mday = 14;
-    calendar.tm_hour = 23;
-    calendar.tm_min = 5;
-    calendar.tm_sec = 9;
-    g_calendar = calendar;
-  }
-  void TearDown() override {
-    g_calendar.reset();
-    g_calendar_fails = false;
-  }
-};
-
-TEST_F(DefaultScreenshotFileName, IsMadeOfTheLocalTime) {
-  EXPECT_EQ(MakeDefaultScreenshotFilename(kPng), "quindle_capture_2026_11_14_23_05_09.png");
-  EXPECT_EQ(MakeDefaultScreenshotFilename(kJpeg), "quindle_capture_2026_11_14_23_05_09.jpg");
-  EXPECT_EQ(MakeDefaultScreenshotFilename(kBmp), "quindle_capture_2026_11_14_23_05_09.bmp");
-  EXPECT_EQ(MakeDefaultScreenshotFilename(kUnknown), "quindle_capture_2026_11_14_23_05_09.png");
-}
-
-TEST_F(DefaultScreenshotFileName, PadsWithZeros) {
-  std::tm calendar{};
-  calendar.tm_year = 1 - 1900;
-  calendar.tm_mday = 2;
-  g_calendar = calendar;
-  EXPECT_EQ(MakeDefaultScreenshotFilename(kPng), "quindle_capture_0001_01_02_00_00_00.png");
-}
-
-TEST_F(DefaultScreenshotFileName, AFailedConversionYieldsZeroFields) {
-  g_calendar_fails = true;
-  EXPECT_EQ(MakeDefaultScreenshotFilename(kPng), "quindle_capture_1900_01_00_00_00_00.png");
-}
-
-TEST_F(DefaultScreenshotFileName, NeverOverrunsItsBuffer) {
-  std::tm calendar{};
-  calendar.tm_year = INT_MAX - 1900;
-  calendar.tm_mon = INT_MAX - 1;
-  calendar.tm_mday = calendar.tm_hour = calendar.tm_min = calendar.tm_sec = INT_MIN;
-  g_calendar = calendar;
-  const std::string name = MakeDefaultScreenshotFilename(kPng);
-  EXPECT_EQ(name.size(), 63U + 4U);
-  EXPECT_EQ(name.substr(0, 26), "quindle_capture_2147483647");
-}
-
-TEST_F(DefaultScreenshotFileName, FollowsTheClock) {
-  g_calendar.reset();
+TEST(DefaultScreenshotFileNameClock, IsFollowed) {
   const auto name_at = [](std::time_t time) {
-    std::tm local{};
-    localtime_r(&time, &local);
     char text[64];
-    std::strftime(text, sizeof text, "quindle_capture_%Y_%m_%d_%H_%M_%S.png", &local);
+    std::strftime(text, sizeof text, "quindle_capture_%Y_%m_%d_%H_%M_%S.png",
+                  std::localtime(&time));
     return std::string(text);
   };
   const std::time_t before = std::time(nullptr);

@@ -5,7 +5,6 @@
 #include <array>
 #include <bit>
 #include <cerrno>
-#include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -21,6 +20,7 @@
 #include <vector>
 
 #include "frontend/gui/shader_parameter_dialog.h"
+#include "support/german_process.h"
 #include "support/shader_reference.h"
 #include "support/temporary_directory.h"
 
@@ -29,6 +29,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
+using quindle::testing::GermanProcess;
 using quindle::testing::TemporaryDirectory;
 
 using Numbers = std::array<float, 4>;
@@ -698,47 +699,9 @@ TEST(ShaderParsers, AgreeWithThePlainRulesOnAnyText) {
 
 // --- Locales -------------------------------------------------------------------------------------
 
-// The process speaks German while this lives. Where the system has no such locale, it is compiled.
-class GermanProcess {
- public:
-  GermanProcess() {
-    if (std::setlocale(LC_ALL, kGerman) == nullptr) {
-      Compile();
-    }
-    german_ = std::setlocale(LC_ALL, kGerman) != nullptr;
-    if (german_) {
-      std::locale::global(std::locale(kGerman));
-    }
-  }
-  ~GermanProcess() {
-    std::locale::global(former_);
-    std::setlocale(LC_ALL, "C");
-    unsetenv("LOCPATH");
-  }
-  GermanProcess(const GermanProcess&) = delete;
-  GermanProcess& operator=(const GermanProcess&) = delete;
-
-  [[nodiscard]] bool IsGerman() const { return german_; }
-
- private:
-  static constexpr const char* kGerman = "de_DE.UTF-8";
-
-  void Compile() {
-    const std::string command =
-        "localedef -i de_DE -f UTF-8 '" + (folder_.path() / kGerman).string() + "' >/dev/null 2>&1";
-    // Warnings make its exit code useless; whether it worked shows in setlocale.
-    [[maybe_unused]] const int ignored = std::system(command.c_str());
-    setenv("LOCPATH", folder_.path().c_str(), 1);
-  }
-
-  TemporaryDirectory folder_;
-  std::locale former_;
-  bool german_ = false;
-};
-
 TEST(ShaderParsersLocale, GermanHostGetsTheSameNumbers) {
   const GermanProcess process;
-  ASSERT_TRUE(process.IsGerman()) << "install the locales package (for localedef)";
+  ASSERT_TRUE(process.IsGerman()) << "the system has no German locale";
   ASSERT_EQ(std::strtof("1,5", nullptr), 1.5F) << "the locale does not use a comma";
   ExpectSame(ParseShaderText("#pragma parameter n \"L\" 1.5 0.25 2.75 0.5\n"
                              "#pragma parameter m \"L\" 1,5 0 2 1\n"
