@@ -63,8 +63,12 @@ inline std::filesystem::path parent_folder(const std::filesystem::path& folder) 
   if (is_windows_root(utf16_of(folder))) {
     return {};
   }
-  std::filesystem::path parent = folder.parent_path();
-  return parent == folder ? std::filesystem::path() : parent;
+  std::wstring parent = folder.parent_path().native();
+  // Without its separator the root of "\\?\C:\games" would be the drive's device.
+  if (parent.ends_with(L':') && folder.native()[parent.size()] == L'\\') {
+    parent.push_back(L'\\');
+  }
+  return parent;
 }
 
 }  // namespace quindle::utils
