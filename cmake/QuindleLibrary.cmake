@@ -5,11 +5,14 @@ function(quindle_soversion version result)
   set(${result} "${soversion}" PARENT_SCOPE)
 endfunction()
 
+# quindle_set_up_language(<target>)
 # A fused multiply-add would give other parameter values on other processors. Sources are UTF-8, which
 # all compilers but one take for granted.
-function(_quindle_set_up_language target)
+function(quindle_set_up_language target)
   if(MSVC)
     target_compile_options(${target} PRIVATE /utf-8 /fp:precise)
+    # Else a header of Windows makes macros of these names.
+    target_compile_definitions(${target} PRIVATE NOMINMAX)
   elseif(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
     target_compile_options(${target} PRIVATE -ffp-contract=off)
   endif()
@@ -29,7 +32,7 @@ function(_quindle_set_up_objects target library)
   endif()
   target_compile_definitions(${target} PRIVATE ${prefix}_BUILDING)
   target_compile_features(${target} PUBLIC cxx_std_20)
-  _quindle_set_up_language(${target})
+  quindle_set_up_language(${target})
   target_include_directories(${target}
     PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
     PRIVATE "${PROJECT_SOURCE_DIR}/src")

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <numbers>
 #include <stdexcept>
 #include <string>
 
@@ -32,7 +33,7 @@ Uint8 Level(double fraction) {
 
 SDL_Color Hue(double turn) {
   const auto channel = [turn](double offset) {
-    return Level(0.5 + 0.5 * std::cos(2.0 * M_PI * (turn - offset)));
+    return Level(0.5 + 0.5 * std::cos(2.0 * std::numbers::pi * (turn - offset)));
   };
   return {channel(0.0), channel(1.0 / 3.0), channel(2.0 / 3.0), 255};
 }

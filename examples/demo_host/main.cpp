@@ -2,7 +2,9 @@
 #include <SDL.h>
 
 #include "command_line.h"
+#include "console.h"
 
 int main(int argc, char* argv[]) {
+  quindle::demo::JoinConsole();
   return quindle::demo::RunDemo(argc, argv);
 }

@@ -29,7 +29,7 @@ class NewFile {
 
  private:
   std::string path_;
-  int descriptor_;
+  std::intptr_t handle_;  // The system's.
 };
 
 }  // namespace quindle::demo

@@ -6,6 +6,7 @@
 
 #include "command_table.h"
 #include "demo_command.h"
+#include "file_paths.h"
 #include "frontend/gui/sdl_pickers.h"
 #include "json_output.h"
 #include "working_directory.h"
@@ -53,7 +54,8 @@ class PickerCommand : public DemoCommand {
   Json ShowInHost(DemoSession& session) override {
     const std::string path = traits_.show(session.host, session.last_folder);
     if (!path.empty()) {
-      session.last_folder = fs::is_directory(path) ? path : fs::path(path).parent_path().string();
+      session.last_folder =
+          fs::is_directory(PathOf(path)) ? path : TextOf(PathOf(path).parent_path());
     }
     return Report(traits_, path);
   }
@@ -111,9 +113,8 @@ void FillWithOddNames(const fs::path& folder) {
   Touch(folder / "-begins with a dash.img");
   Touch(folder / "line\nfeed and\ttab.img");
   Touch(folder / "not \xFF\xFE UTF-8.img");
-  Touch(folder /
-        "\xC3\xBC"
-        "berlange Namen haben auch Umlaute.img");
+  Touch(folder / PathOf("\xC3\xBC"
+                        "berlange Namen haben auch Umlaute.img"));
   fs::create_directories(folder /
                          "a folder whose name is so long that it does not fit into the list "
                          "of the picker at all and has to be cut");

@@ -10,6 +10,7 @@
 
 #include "bmp_encoder.h"
 #include "byte_stream.h"
+#include "file_paths.h"
 #include "new_file.h"
 #include "png_encoder.h"
 
@@ -45,7 +46,7 @@ Bytes Encode(const SDL_Surface& picture, const ScreenshotSaveDialogResult& resul
 }  // namespace
 
 std::string ScreenshotPath(const ScreenshotSaveDialogResult& result) {
-  return (std::filesystem::path(result.folder) / result.file_name).string();
+  return TextOf(PathOf(result.folder) / PathOf(result.file_name));
 }
 
 void WriteScreenshot(const SDL_Surface& picture, const ScreenshotSaveDialogResult& result) {

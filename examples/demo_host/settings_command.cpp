@@ -4,6 +4,7 @@
 
 #include "command_table.h"
 #include "demo_command.h"
+#include "file_paths.h"
 #include "json_output.h"
 #include "settings_json.h"
 #include "working_directory.h"
@@ -164,7 +165,7 @@ class SettingsCommand : public DemoCommand {
   void ObeySettings(DemoSession& session) const {
     session.target_fps = values_.target_fps;
     session.status["renderer"] = values_.renderer_mode;
-    const std::string file = std::filesystem::path(values_.custom_font_path).filename().string();
+    const std::string file = TextOf(PathOf(values_.custom_font_path).filename());
     session.status["font"] = values_.font_mode == "ttf-custom" && !file.empty()
                                  ? values_.font_mode + " " + file
                                  : values_.font_mode;

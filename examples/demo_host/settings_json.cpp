@@ -1,12 +1,13 @@
 #include "settings_json.h"
 
-#include <unistd.h>
-
 #include <cstdint>
 #include <fstream>
 #include <limits>
+#include <random>
 #include <set>
 #include <system_error>
+
+#include "file_paths.h"
 
 namespace quindle::demo {
 namespace {
@@ -123,7 +124,7 @@ std::string FileContents(const std::filesystem::path& path, const SettingsDialog
   try {
     return SettingsToJson(values).dump() + "\n";
   } catch (const nlohmann::json::type_error&) {
-    throw SettingsFileError(path.string() + ": a file name that is not UTF-8 cannot be saved");
+    throw SettingsFileError(TextOf(path) + ": a file name that is not UTF-8 cannot be saved");
   }
 }
 
@@ -159,17 +160,17 @@ SettingsDialogValues ReadSettingsFile(const std::filesystem::path& path) {
   try {
     return SettingsFromJson(ParseFile(path));
   } catch (const SettingsFileError& error) {
-    throw SettingsFileError(path.string() + ": " + error.what());
+    throw SettingsFileError(TextOf(path) + ": " + error.what());
   }
 }
 
 void WriteSettingsFile(const std::filesystem::path& path, const SettingsDialogValues& values) {
   // In the same folder, so that the rename is one step of one file system.
   std::filesystem::path temporary_path = path;
-  temporary_path += "." + std::to_string(getpid()) + ".tmp";
+  temporary_path += "." + std::to_string(std::random_device{}()) + ".tmp";
   const TemporaryFile temporary(temporary_path);
   if (!temporary.Write(FileContents(path, values)) || !temporary.MoveTo(path)) {
-    throw SettingsFileError(path.string() + ": cannot write it");
+    throw SettingsFileError(TextOf(path) + ": cannot write it");
   }
 }
 

@@ -7,6 +7,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "file_paths.h"
 #include "frontend/gui/shader_parameter_dialog.h"
 
 namespace quindle::demo {
@@ -15,7 +16,7 @@ namespace {
 namespace gui = frontend::gui;
 
 std::string ReadFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(PathOf(path), std::ios::binary);
   std::ostringstream text;
   text << file.rdbuf();
   if (!file) {
@@ -29,7 +30,7 @@ std::string ReadFile(const std::string& path) {
 ShaderGuestView::ShaderGuestView(const std::string& path) {
   try {
     pass_ = std::make_unique<ShaderPass>(ReadFile(path));
-    description_ = "shader: " + std::filesystem::path(path).filename().string();
+    description_ = "shader: " + TextOf(PathOf(path).filename());
   } catch (const std::exception& error) {
     description_ = std::string("shader not shown: ") + error.what();
   }

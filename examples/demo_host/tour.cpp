@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "file_paths.h"
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "host_window.h"
 #include "json_output.h"
@@ -153,7 +154,7 @@ void CheckOnly(const DemoCommands& commands, const TourOptions& options) {
 
 ExitStatus RunTour(const DemoCommands& commands, const TourOptions& options) {
   CheckOnly(commands, options);
-  TourPictures pictures(std::filesystem::absolute(ResolveUserPath(options.folder)));
+  TourPictures pictures(std::filesystem::absolute(PathOf(ResolveUserPath(options.folder))));
   // Pictures are read after they were presented; other renderers do not keep them that long.
   SDL_SetHintWithPriority(SDL_HINT_RENDER_DRIVER, "software", SDL_HINT_OVERRIDE);
   const SdlSession sdl(options.display ? VideoChoice::Display : VideoChoice::Memory);

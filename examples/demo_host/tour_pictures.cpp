@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "file_paths.h"
 #include "frontend/gui/sdl_modal_runtime.h"
 
 namespace quindle::demo {
@@ -70,8 +71,8 @@ void TourPictures::SaveOver(SDL_Window* host, SDL_Window* window, const std::str
 
 void TourPictures::Write(SDL_Surface* picture, const std::string& name) {
   const std::string file = name + ".png";
-  if (IMG_SavePNG(picture, (folder_ / file).c_str()) != 0) {
-    throw std::runtime_error("cannot save " + (folder_ / file).string() + ": " + IMG_GetError());
+  if (IMG_SavePNG(picture, TextOf(folder_ / file).c_str()) != 0) {
+    throw std::runtime_error("cannot save " + TextOf(folder_ / file) + ": " + IMG_GetError());
   }
   names_.push_back(file);
 }

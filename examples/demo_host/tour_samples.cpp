@@ -1,7 +1,9 @@
 #include "tour_samples.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -35,11 +37,12 @@ constexpr const char* kPreset =
     "CONTRAST = 1.1\n";
 
 fs::path MakeTemporaryFolder() {
-  std::string name = (fs::temp_directory_path() / "quindle-tour-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) {
-    throw std::runtime_error("cannot make a temporary folder like " + name);
-  }
-  return name;
+  std::random_device random;
+  fs::path folder;
+  do {
+    folder = fs::temp_directory_path() / ("quindle-tour-" + std::to_string(random()));
+  } while (!fs::create_directory(folder));
+  return folder;
 }
 
 void WriteFile(const fs::path& path, const char* text) {
@@ -58,6 +61,15 @@ void FillSamples(const fs::path& root) {
   WriteFile(root / "shaders" / "soft scanlines.glslp", kPreset);
 }
 
+// Not every system lets every user make a link.
+void LendData(const fs::path& data, const fs::path& lent) {
+  std::error_code error;
+  fs::create_directory_symlink(data, lent, error);
+  if (error) {
+    fs::copy(data, lent, fs::copy_options::recursive);
+  }
+}
+
 }  // namespace
 
 TourSamples::TemporaryFolder::TemporaryFolder() : path(MakeTemporaryFolder()) {}
@@ -69,7 +81,7 @@ TourSamples::TemporaryFolder::~TemporaryFolder() {
 
 TourSamples::TourSamples() : previous_(fs::current_path()) {
   FillSamples(root_.path);
-  fs::create_directory_symlink(previous_ / "data", root_.path / "data");
+  LendData(previous_ / "data", root_.path / "data");
   fs::current_path(root_.path);
 }
 

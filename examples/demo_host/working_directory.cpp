@@ -7,6 +7,8 @@
 #include <system_error>
 #include <vector>
 
+#include "file_paths.h"
+
 namespace quindle::demo {
 namespace {
 
@@ -24,7 +26,7 @@ std::vector<fs::path> DataRoots() {
   std::vector<fs::path> roots;
   const std::unique_ptr<char, decltype(&SDL_free)> base(SDL_GetBasePath(), &SDL_free);
   if (base != nullptr) {
-    const fs::path program_folder(base.get());
+    const fs::path program_folder = PathOf(base.get());
     roots.push_back(program_folder);
     roots.push_back(program_folder / ".." / QUINDLE_DEMO_INSTALLED_DATA);
   }
@@ -56,11 +58,11 @@ std::string ResolveUserPath(const std::string& path) {
   if (path.empty() || g_start_directory.empty()) {
     return path;
   }
-  return (g_start_directory / path).string();
+  return TextOf(g_start_directory / PathOf(path));
 }
 
 std::string FolderOrStart(const std::string& folder) {
-  return folder.empty() ? g_start_directory.string() : folder;
+  return folder.empty() ? TextOf(g_start_directory) : folder;
 }
 
 }  // namespace quindle::demo

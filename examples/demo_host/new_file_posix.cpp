@@ -13,7 +13,11 @@
 namespace quindle::demo {
 namespace {
 
-constexpr int kClosed = -1;
+constexpr std::intptr_t kClosed = -1;
+
+int Descriptor(std::intptr_t handle) {
+  return static_cast<int>(handle);
+}
 
 [[noreturn]] void ThrowFailure(const std::string& path, int error) {
   if (error == EEXIST) {
@@ -44,11 +48,11 @@ int CreateFile(const std::string& path) {
 
 }  // namespace
 
-NewFile::NewFile(std::string path) : path_(std::move(path)), descriptor_(CreateFile(path_)) {}
+NewFile::NewFile(std::string path) : path_(std::move(path)), handle_(CreateFile(path_)) {}
 
 NewFile::~NewFile() {
-  if (descriptor_ != kClosed) {
-    close(descriptor_);
+  if (handle_ != kClosed) {
+    close(Descriptor(handle_));
     unlink(path_.c_str());
   }
 }
@@ -56,7 +60,7 @@ NewFile::~NewFile() {
 void NewFile::Write(std::span<const std::uint8_t> bytes) {
   const IgnoreFileSizeSignal ignore;
   while (!bytes.empty()) {
-    const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
+    const ssize_t written = write(Descriptor(handle_), bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) {
       continue;
     }
@@ -72,17 +76,17 @@ void NewFile::Resize(std::uint64_t size) {
   if (size > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max())) {
     ThrowFailure(path_, EFBIG);
   }
-  if (ftruncate(descriptor_, static_cast<off_t>(size)) != 0) {
+  if (ftruncate(Descriptor(handle_), static_cast<off_t>(size)) != 0) {
     ThrowFailure(path_, errno);
   }
 }
 
 void NewFile::Keep() {
   // EINVAL: the file system has nothing to synchronise.
-  if (fsync(descriptor_) != 0 && errno != EINVAL) {
+  if (fsync(Descriptor(handle_)) != 0 && errno != EINVAL) {
     ThrowFailure(path_, errno);
   }
-  if (close(std::exchange(descriptor_, kClosed)) != 0) {
+  if (close(Descriptor(std::exchange(handle_, kClosed))) != 0) {
     const int close_error = errno;
     unlink(path_.c_str());
     ThrowFailure(path_, close_error);

@@ -1,0 +1,7 @@
+#include "console.h"
+
+namespace quindle::demo {
+
+void JoinConsole() {}
+
+}  // namespace quindle::demo
