@@ -25,18 +25,26 @@ void ShutDown() {
   SDL_Quit();
 }
 
-void ChooseDrivers(VideoChoice video) {
-  if (video == VideoChoice::Memory) {
-    // The first has OpenGL where the system has it, the second is everywhere.
-    SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "offscreen,dummy", SDL_HINT_OVERRIDE);
-    return;
+// One after the other, since not every SDL takes a list.
+int StartInMemory() {
+  // The first has OpenGL where the system has it, the second is everywhere.
+  for (const char* driver : {"offscreen", "dummy"}) {
+    SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, driver, SDL_HINT_OVERRIDE);
+    if (SDL_Init(SDL_INIT_VIDEO) == 0) {
+      return 0;
+    }
   }
+  return -1;
+}
+
+int StartOnDisplay() {
 #if defined(__linux__)
   // There is no Wayland display without this folder, and looking for one prints a line of its own.
   if (std::getenv("XDG_RUNTIME_DIR") == nullptr) {
     SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "x11", SDL_HINT_DEFAULT);
   }
 #endif
+  return SDL_Init(SDL_INIT_VIDEO);
 }
 
 // SDL falls back to this driver by itself where there is no display, and then shows nothing.
@@ -57,8 +65,8 @@ void PreferPlainWindowSurfaces() {
   }
 }
 
-void CheckDisplay() {
-  if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+void StartVideo(VideoChoice video) {
+  if ((video == VideoChoice::Memory ? StartInMemory() : StartOnDisplay()) != 0) {
     throw NothingShownError(std::string("no display: ") + SDL_GetError());
   }
   if (FellBackToNoDisplay()) {
@@ -77,8 +85,7 @@ void CheckFont() {
 
 SdlSession::SdlSession(VideoChoice video) {
   try {
-    ChooseDrivers(video);
-    CheckDisplay();
+    StartVideo(video);
     PreferPlainWindowSurfaces();
     CheckFont();
   } catch (...) {

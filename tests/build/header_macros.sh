@@ -9,8 +9,9 @@ compiler=$1
 root=$2/include
 shift 2
 options=(-std=c++20 -x c++ -E -dD "-I$root")
+# After the compiler's own: named again in front of them, one of these would hide another.
 for directory in "$@"; do
-  options+=(-isystem "$directory")
+  options+=(-idirafter "$directory")
 done
 
 headers=$(cd "$root" && find . -name '*.h' | sed 's|^\./||' | sort)

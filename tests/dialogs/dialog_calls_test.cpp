@@ -90,11 +90,16 @@ class EachDialogsCalls : public DialogTest, public ::testing::WithParamInterface
 
 TEST_P(EachDialogsCalls, AreTheLoopsAndNoOthers) {
   SDL_Window* const parent = MakeParent();
+  const Calls expected = ExpectedCalls(GetParam().name);
+  // Some SDLs have an answer to a wish for hardware even here, where there is none.
+  if (std::count(expected.begin(), expected.end(), "SDL_CreateRenderer") == 2) {
+    Recorder().FailCall("SDL_CreateRenderer");
+  }
   Recorder().ForgetCalls();
   DialogScript script;
   script.Wait().Step([] { Quit(); });
   GetParam().show(parent);
-  EXPECT_EQ(RecordedCalls(), ExpectedCalls(GetParam().name));
+  EXPECT_EQ(RecordedCalls(), expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Dialogs, EachDialogsCalls, ValuesIn(EveryDialog()), NameOfDialogTest);

@@ -409,8 +409,11 @@ TEST_F(SettingsDialog, PointerIsReadBeforeTheEvents) {
 TEST_F(SettingsDialog, EventsArePumpedBeforeThePointerIsRead) {
   DialogScript script;
   script.Step([] { Recorder().ForgetCalls(); }).Step([] {
-    EXPECT_THAT(Recorder().CallsAmong({"SDL_PumpEvents", "SDL_GetMouseFocus", "SDL_PollEvent"}),
-                ElementsAre("SDL_PumpEvents", "SDL_GetMouseFocus", "SDL_PollEvent"));
+    std::vector<std::string> calls =
+        Recorder().CallsAmong({"SDL_PumpEvents", "SDL_GetMouseFocus", "SDL_PollEvent"});
+    // Once more for each event that SDL itself has to tell.
+    calls.erase(std::unique(calls.begin(), calls.end()), calls.end());
+    EXPECT_THAT(calls, ElementsAre("SDL_PumpEvents", "SDL_GetMouseFocus", "SDL_PollEvent"));
     Escape();
   });
   Show();

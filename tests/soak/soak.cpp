@@ -120,6 +120,8 @@ int Soak(int rounds) {
 int main(int argc, char** argv) {
   const int rounds = argc > 1 ? std::atoi(argv[1]) : 10'000;
   SDL_setenv("SDL_VIDEODRIVER", "dummy", 1);
+  // SDL on top of SDL3 keeps some memory of each renderer that it could not make.
+  SDL_setenv("SDL_RENDER_DRIVER", "software", 1);
   const quindle::testing::FaultSamples samples(std::filesystem::current_path());
   if (rounds < 20 || SDL_Init(SDL_INIT_VIDEO) != 0) {
     std::fprintf(stderr, "usage: quindle_soak [ROUNDS], at least 20\n");
