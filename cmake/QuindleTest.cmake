@@ -24,7 +24,7 @@ function(quindle_add_test name)
     quindle_sdl_ui quindle_utils quindle_opengl ${arg_LIBRARIES}
     quindle_warnings GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE
-    "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/tests" "${PROJECT_SOURCE_DIR}/examples")
+    "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/tests")
   # The call recorder's functions must be seen by the libraries, not by this program alone.
   set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
   add_test(NAME ${name} COMMAND ${name} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")

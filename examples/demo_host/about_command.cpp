@@ -37,7 +37,7 @@ class AboutCommand : public DemoCommand {
     TourScene scene;
     scene.name = "about";
     scene.show = ShowAndReport;
-    scene.script.Save("about").Key(SDLK_ESCAPE);
+    scene.play = LookAndLeave("about");
     return {std::move(scene)};
   }
 };

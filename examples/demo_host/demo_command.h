@@ -23,7 +23,7 @@
 #include <vector>
 
 #include "demo_session.h"
-#include "tour_script.h"
+#include "tour_camera.h"
 
 namespace quindle::demo {
 
@@ -56,8 +56,7 @@ struct TourScene {
   std::string name;  // Shown beside the result; say which dialog and which state.
   // Shows the dialog over `parent` (not null) and returns its result.
   std::function<Json(SDL_Window* parent)> show;
-  TourScript script;       // Played while the dialog is open.
-  int frame_budget = 600;  // Frames after which the scene is broken off and counts as failed.
+  TourPlay play;  // What is done in it; called before it opens. It ends the dialog.
 };
 
 // One dialog as the demo host knows it.

@@ -27,47 +27,30 @@ Json ToJson(const HddCreateDialogResult& result) {
   return json;
 }
 
-// Middles of the dialog's parts, in pixels of its window.
-constexpr SDL_Point kNameField{400, 150};
-constexpr SDL_Point kChooseButton{735, 210};
-
-// Empties the field that has the focus.
-TourStep ClearField() {
-  return [](TourStage& stage) {
-    SDL_Event event{};
-    event.type = SDL_KEYDOWN;
-    event.key.windowID = SDL_GetWindowID(stage.Dialog());
-    event.key.keysym.sym = SDLK_BACKSPACE;
-    for (int i = 0; i < 16; ++i) {
-      SDL_PushEvent(&event);
-    }
-  };
-}
-
-TourScene MakeScene(const std::string& name, const std::string& folder, TourScript script) {
+TourScene MakeScene(const std::string& name, const std::string& folder, TourPlay play) {
   return {"hdd " + name,
           [folder](SDL_Window* parent) {
             return ToJson(ShowSimpleHddCreateDialog(parent, folder, 64));
           },
-          std::move(script)};
+          std::move(play)};
+}
+
+TourScene StartScene() {
+  return MakeScene("start", "disks", [](DialogDriver& user, const TourCamera& camera) {
+    user.Do(camera.TakeOverHost("hdd-start")).PressEscape();
+  });
 }
 
 TourScene TypedScene() {
-  TourScript script;
-  script.Do(ClearField())
-      .Text("512")
-      .Key(SDLK_TAB)
-      .Do(ClearField())
-      .Text("games.img")
-      .Save("hdd-typed")
-      .Key(SDLK_RETURN);
-  return MakeScene("typed", "disks", std::move(script));
+  return MakeScene("typed", "disks", [](DialogDriver& user, const TourCamera& camera) {
+    user.EnterDiskSize("512").EnterFileName("games.img").Do(camera.Take("hdd-typed")).Create();
+  });
 }
 
 TourScene EmptyScene() {
-  TourScript script;
-  script.Do(ClearField()).Click(kNameField.x, kNameField.y).Do(ClearField());
-  return MakeScene("empty fields", "disks", std::move(script.Save("hdd-empty").Key(SDLK_ESCAPE)));
+  return MakeScene("empty fields", "disks", [](DialogDriver& user, const TourCamera& camera) {
+    user.EnterDiskSize("").EnterFileName("").Do(camera.Take("hdd-empty")).PressEscape();
+  });
 }
 
 // Texts that are far too long for their fields.
@@ -76,26 +59,21 @@ TourScene LongScene() {
   while (folder.size() < 900) {
     folder += "/archive of the year 1991";
   }
-  TourScript script;
-  script.Text("99999999")
-      .Click(kNameField.x, kNameField.y)
-      .Do(ClearField())
-      .Text(
-          "a name that goes on and on, as names do where nobody counts the letters, until "
-          "the field has room for no more of it, END OF NAME 128")
-      .Save("hdd-long")
-      .Key(SDLK_RETURN);
-  return MakeScene("long texts", folder, std::move(script));
+  return MakeScene("long texts", folder, [](DialogDriver& user, const TourCamera& camera) {
+    user.EnterDiskSize("6499999999")
+        .EnterFileName(
+            "a name that goes on and on, as names do where nobody counts the letters, until "
+            "the field has room for no more of it, END OF NAME")
+        .Do(camera.Take("hdd-long"))
+        .Create();
+  });
 }
 
 TourScene PickerScene() {
-  TourScript script;
-  script.Click(kChooseButton.x, kChooseButton.y)
-      .Save("hdd-folder-picker")
-      .Click(-61, -25)  // "Use".
-      .Save("hdd-folder-picked")
-      .Key(SDLK_RETURN);
-  return MakeScene("folder picker", "disks", std::move(script));
+  return MakeScene("folder picker", "disks", [](DialogDriver& user, const TourCamera& camera) {
+    user.ChooseFolder().Do(camera.Take("hdd-folder-picker")).SelectFolder();
+    user.Do(camera.Take("hdd-folder-picked")).Create();
+  });
 }
 
 class HddCommand : public DemoCommand {
@@ -134,8 +112,7 @@ class HddCommand : public DemoCommand {
 
   std::vector<TourScene> TourScenes() override {
     std::vector<TourScene> scenes;
-    scenes.push_back(
-        MakeScene("start", "disks", TourScript().SaveOverHost("hdd-start").Key(SDLK_ESCAPE)));
+    scenes.push_back(StartScene());
     scenes.push_back(TypedScene());
     scenes.push_back(EmptyScene());
     scenes.push_back(LongScene());

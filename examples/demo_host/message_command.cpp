@@ -94,11 +94,11 @@ SdlMessageBox::Config SampleConfig(Type type, const std::string& title,
   return config;
 }
 
-TourScene OneScene(const std::string& name, SdlMessageBox::Config config, TourScript script) {
+TourScene OneScene(const std::string& name, SdlMessageBox::Config config, TourPlay play) {
   return {
       "message " + name,
       [config = std::move(config)](SDL_Window* parent) { return ShowAndReport(config, parent); },
-      std::move(script)};
+      std::move(play)};
 }
 
 TourScene TypeScene(const std::string& name, Type type) {
@@ -115,23 +115,7 @@ TourScene TypeScene(const std::string& name, Type type) {
   if (type == Type::Question || type == Type::Warning) {
     config.buttons = {{1, "Yes", true, false, {}}, {2, "No", false, true, {}}};
   }
-  return OneScene(name, std::move(config), TourScript().Save("message-" + name).Key(SDLK_ESCAPE));
-}
-
-// The middle of a button, found as the box itself lays it out.
-TourStep ClickButton(const SdlMessageBox::Config& config, int index) {
-  return [config, index](TourStage& stage) {
-    int width = 0;
-    int height = 0;
-    SDL_GetWindowSize(stage.Dialog(), &width, &height);
-    const auto fonts = frontend::gui::OpenSdlMessageBoxFonts(1.0F);
-    const auto layout = frontend::gui::BuildSdlMessageBoxLayout(
-        config, 1.0F, width, height, fonts.titleFont.get(), fonts.bodyFont.get());
-    PushClickEvents(
-        stage.Dialog(),
-        layout.buttonsX + index * (layout.buttonW + layout.buttonGap) + layout.buttonW / 2,
-        layout.buttonsY + layout.buttonH / 2);
-  };
+  return OneScene(name, std::move(config), LookAndLeave("message-" + name));
 }
 
 TourScene LongScene() {
@@ -140,14 +124,14 @@ TourScene LongScene() {
     message += "\nDrive " + std::to_string(line) + ": no disk";
   }
   return OneScene("long", SampleConfig(Type::Info, "Drives", message),
-                  TourScript().Save("message-long").Key(SDLK_ESCAPE));
+                  LookAndLeave("message-long"));
 }
 
 TourScene LongWordScene() {
   return OneScene("long word",
                   SampleConfig(Type::Error, "Cannot read the folder",
                                "/home/player/" + std::string(90, 'x') + "/disk.img"),
-                  TourScript().Save("message-long-word").Key(SDLK_ESCAPE));
+                  LookAndLeave("message-long-word"));
 }
 
 // Over the demo window, ended by a click.
@@ -158,9 +142,9 @@ TourScene ClickedScene() {
   config.buttons = {{1, "Reset", true, false, {}},
                     {2, "Save state", false, false, {}},
                     {3, "Cancel", false, true, {}}};
-  TourScript script;
-  script.SaveOverHost("message-over-demo-window").Do(ClickButton(config, 1));
-  return OneScene("clicked", std::move(config), std::move(script));
+  return OneScene("clicked", std::move(config), [](DialogDriver& user, const TourCamera& camera) {
+    user.Do(camera.TakeOverHost("message-over-demo-window")).PressButton(2);
+  });
 }
 
 class MessageCommand : public DemoCommand {

@@ -77,7 +77,7 @@ std::string ShowFolderPicker(SDL_Window* parent, const std::string& start) {
 
 // A scene over a start folder, which `prepare` may fill first.
 TourScene PickerScene(const std::string& name, const PickerTraits& traits, const std::string& start,
-                      TourScript script, void (*prepare)(const fs::path&) = nullptr) {
+                      TourPlay play, void (*prepare)(const fs::path&) = nullptr) {
   TourScene scene;
   scene.name = name;
   scene.show = [&traits, start, prepare](SDL_Window* parent) {
@@ -87,7 +87,7 @@ TourScene PickerScene(const std::string& name, const PickerTraits& traits, const
     }
     return Report(traits, traits.show(parent, start));
   };
-  scene.script = std::move(script);
+  scene.play = std::move(play);
   return scene;
 }
 
@@ -135,44 +135,41 @@ constexpr PickerTraits kFolder{"folder", "Picker for folders", "Folder", ShowFol
                                FolderScenes};
 
 std::vector<TourScene> FloppyScenes() {
-  TourScript chosen;
-  chosen.Save("picker-floppy")
-      .Key(SDLK_DOWN)
-      .Key(SDLK_DOWN)
-      .Key(SDLK_DOWN)
-      .Save("picker-floppy-selected");
-  chosen.Key(SDLK_RETURN);
-  TourScript dragged;
-  dragged.Save("picker-many-rows").Wheel(-3).Drag({738, 70}, {738, 260});
-  dragged.Save("picker-many-rows-scrolled").Key(SDLK_ESCAPE);
+  const auto choose = [](DialogDriver& user, const TourCamera& camera) {
+    user.Do(camera.Take("picker-floppy"));
+    user.PressKey(SDLK_DOWN).PressKey(SDLK_DOWN).PressKey(SDLK_DOWN);
+    user.Do(camera.Take("picker-floppy-selected")).PressKey(SDLK_RETURN);
+  };
+  const auto scroll = [](DialogDriver& user, const TourCamera& camera) {
+    user.Do(camera.Take("picker-many-rows")).TurnWheel({300, 200, 1, 1}, -3);
+    user.Drag({738, 70}, {738, 260});
+    user.Do(camera.Take("picker-many-rows-scrolled")).PressEscape();
+  };
   std::vector<TourScene> scenes;
-  scenes.push_back(PickerScene("floppy, a file is chosen", kFloppy, "floppies", std::move(chosen)));
+  scenes.push_back(PickerScene("floppy, a file is chosen", kFloppy, "floppies", choose));
   scenes.push_back(PickerScene("floppy, three rows", kFloppy, "three",
-                               TourScript().Save("picker-three-rows").Key(SDLK_ESCAPE),
-                               FillWithThree));
-  scenes.push_back(
-      PickerScene("floppy, 10,000 rows", kFloppy, "many", std::move(dragged), FillWithMany));
+                               LookAndLeave("picker-three-rows"), FillWithThree));
+  scenes.push_back(PickerScene("floppy, 10,000 rows", kFloppy, "many", scroll, FillWithMany));
   scenes.push_back(PickerScene("floppy, odd names", kFloppy,
                                "a folder with a long name/and one in it with a long name as well/"
                                "so that the whole path does not fit/above the list/odd",
-                               TourScript().Save("picker-odd-names").Key(SDLK_ESCAPE),
-                               FillWithOddNames));
+                               LookAndLeave("picker-odd-names"), FillWithOddNames));
   return scenes;
 }
 
 std::vector<TourScene> ShaderScenes() {
-  return {PickerScene("shader file", kShaderFile, "shaders",
-                      TourScript().Save("picker-shader").Key(SDLK_ESCAPE))};
+  return {PickerScene("shader file", kShaderFile, "shaders", LookAndLeave("picker-shader"))};
 }
 
 std::vector<TourScene> FontScenes() {
-  return {PickerScene("font", kFont, "", TourScript().Save("picker-font").Key(SDLK_ESCAPE))};
+  return {PickerScene("font", kFont, "", LookAndLeave("picker-font"))};
 }
 
 std::vector<TourScene> FolderScenes() {
-  TourScript script;
-  script.Save("picker-folder").Click(-60, -25);
-  return {PickerScene("folder, the folder shown is chosen", kFolder, "disks", std::move(script))};
+  return {PickerScene("folder, the folder shown is chosen", kFolder, "disks",
+                      [](DialogDriver& user, const TourCamera& camera) {
+                        user.Do(camera.Take("picker-folder")).SelectFolder();
+                      })};
 }
 
 }  // namespace

@@ -78,15 +78,7 @@ OwnedSdlSurface Capture(const GuestPicture& guest) {
   return copy;
 }
 
-// Middles of the dialog's parts, in pixels of its window at its first size.
-constexpr SDL_Point kNameField{400, 100};
-constexpr SDL_Point kFormatBox{360, 233};
-constexpr SDL_Point kOptionField{330, 300};
-constexpr SDL_Point kCheckBox{261, 297};
-constexpr SDL_Point kChooseButton{820, 167};
-constexpr SDL_Point kBmpRow{360, 337};
-
-TourScene MakeScene(const std::string& name, ScreenshotSaveFormat format, TourScript script,
+TourScene MakeScene(const std::string& name, ScreenshotSaveFormat format, TourPlay play,
                     const std::string& folder = "captures",
                     const std::string& file_name = "adventure") {
   ScreenshotChoices choices;
@@ -95,39 +87,39 @@ TourScene MakeScene(const std::string& name, ScreenshotSaveFormat format, TourSc
   choices.format = format;
   choices.rle = true;
   return {"screenshot " + name,
-          [choices](SDL_Window* parent) { return ToJson(Show(parent, choices)); },
-          std::move(script)};
+          [choices](SDL_Window* parent) { return ToJson(Show(parent, choices)); }, std::move(play)};
+}
+
+// The dialog's parts at its first size.
+frontend::gui::ScreenshotSaveDialogLayout FirstLayout() {
+  return frontend::gui::BuildScreenshotSaveDialogLayout(900, 410);
 }
 
 TourScene PngScene() {
-  TourScript script;
-  script.SaveOverHost("screenshot-png")
-      .Click(kOptionField.x, kOptionField.y)
-      .Save("screenshot-png-option")
-      .Key(SDLK_RETURN);
-  return MakeScene("png", ScreenshotSaveFormat::Png, std::move(script));
+  return MakeScene("png", ScreenshotSaveFormat::Png,
+                   [](DialogDriver& user, const TourCamera& camera) {
+                     user.Do(camera.TakeOverHost("screenshot-png")).EnterFormatOption(2);
+                     user.Do(camera.Take("screenshot-png-option")).Save();
+                   });
 }
 
 TourScene JpegScene() {
-  TourScript script;
-  script.Click(kNameField.x, kNameField.y)
-      .Save("screenshot-jpeg")
-      .Click(kFormatBox.x, kFormatBox.y)
-      .Save("screenshot-format-list")
-      .Key(SDLK_ESCAPE)
-      .Key(SDLK_RETURN);
-  return MakeScene("jpeg", ScreenshotSaveFormat::Jpeg, std::move(script));
+  return MakeScene("jpeg", ScreenshotSaveFormat::Jpeg,
+                   [](DialogDriver& user, const TourCamera& camera) {
+                     const auto layout = FirstLayout();
+                     user.Click(layout.file_name_field).Do(camera.Take("screenshot-jpeg"));
+                     user.Click(layout.format_box);
+                     user.Do(camera.Take("screenshot-format-list")).PressEscape().Save();
+                   });
 }
 
 TourScene BmpScene() {
-  TourScript script;
-  script.Click(kFormatBox.x, kFormatBox.y)
-      .Click(kBmpRow.x, kBmpRow.y)
-      .Save("screenshot-bmp")
-      .Click(kCheckBox.x, kCheckBox.y)
-      .Save("screenshot-bmp-plain")
-      .Key(SDLK_RETURN);
-  return MakeScene("bmp", ScreenshotSaveFormat::Png, std::move(script));
+  return MakeScene("bmp", ScreenshotSaveFormat::Png,
+                   [](DialogDriver& user, const TourCamera& camera) {
+                     user.ChooseFormat(ScreenshotSaveFormat::Bmp).Do(camera.Take("screenshot-bmp"));
+                     user.TickRunLengthEncoding(false);
+                     user.Do(camera.Take("screenshot-bmp-plain")).Save();
+                   });
 }
 
 // Texts that are far too long for their fields.
@@ -136,42 +128,35 @@ TourScene LongScene() {
   while (folder.size() < 900) {
     folder += "/archive of the year 1991";
   }
-  TourScript script;
-  script.Click(kNameField.x, kNameField.y)
-      .Save("screenshot-long")
-      .Click(kFormatBox.x, kFormatBox.y)
-      .Save("screenshot-long-list");
-  return MakeScene("long texts", ScreenshotSaveFormat::Jpeg, std::move(script), folder,
+  const auto play = [](DialogDriver& user, const TourCamera& camera) {
+    const auto layout = FirstLayout();
+    user.Click(layout.file_name_field).Do(camera.Take("screenshot-long"));
+    user.Click(layout.format_box).Do(camera.Take("screenshot-long-list")).Close();
+  };
+  return MakeScene("long texts", ScreenshotSaveFormat::Jpeg, play, folder,
                    "a name that goes on and on, as names do where nobody counts the letters, "
                    "until the field has room for no more of it, END OF NAME.png");
 }
 
 TourScene PickerScene() {
-  TourScript script;
-  script.Click(kChooseButton.x, kChooseButton.y)
-      .Save("screenshot-folder-picker")
-      .Click(-61, -25)  // "Use".
-      .Save("screenshot-folder-picked")
-      .Key(SDLK_RETURN);
-  return MakeScene("folder picker", ScreenshotSaveFormat::Png, std::move(script));
+  return MakeScene("folder picker", ScreenshotSaveFormat::Png,
+                   [](DialogDriver& user, const TourCamera& camera) {
+                     user.ChooseFolder().Do(camera.Take("screenshot-folder-picker")).SelectFolder();
+                     user.Do(camera.Take("screenshot-folder-picked")).Save();
+                   });
 }
 
-TourStep Resize(int width, int height) {
-  return [width, height](TourStage& stage) { SDL_SetWindowSize(stage.Dialog(), width, height); };
+std::function<void(SDL_Window*)> Resize(int width, int height) {
+  return [width, height](SDL_Window* dialog) { SDL_SetWindowSize(dialog, width, height); };
 }
 
 TourScene ResizedScene() {
-  TourScript script;
-  script.Do(Resize(600, 420))
-      .Wait(5)
-      .Save("screenshot-narrow")
-      .Do(Resize(1200, 600))
-      .Wait(5)
-      .Save("screenshot-wide")
-      .Do(Resize(340, 150))
-      .Wait(5)
-      .Save("screenshot-tiny");
-  return MakeScene("resized", ScreenshotSaveFormat::Png, std::move(script));
+  return MakeScene("resized", ScreenshotSaveFormat::Png,
+                   [](DialogDriver& user, const TourCamera& camera) {
+                     user.Do(Resize(600, 420)).Wait(5).Do(camera.Take("screenshot-narrow"));
+                     user.Do(Resize(1200, 600)).Wait(5).Do(camera.Take("screenshot-wide"));
+                     user.Do(Resize(340, 150)).Wait(5).Do(camera.Take("screenshot-tiny")).Close();
+                   });
 }
 
 class ScreenshotCommand : public DemoCommand {

@@ -12,7 +12,6 @@
 namespace quindle::demo {
 namespace {
 
-using frontend::gui::NavItem;
 using frontend::gui::SettingsDialogValues;
 using frontend::gui::ShowSettingsDialog;
 
@@ -40,32 +39,19 @@ SettingsDialogValues SampleSettings() {
   return values;
 }
 
-// The middle of a page's row in the list.
-SDL_Point ListRow(const std::string& label) {
-  constexpr int kRowHeight = 30;
-  SDL_Point point{100, 10 + kRowHeight / 2};
-  for (const NavItem& item : frontend::gui::BuildSettingsNavItems()) {
-    if (item.label == label) {
-      break;
-    }
-    point.y += kRowHeight;
-  }
-  return point;
-}
-
-TourScene Scene(const std::string& name, const SettingsDialogValues& values, TourScript script) {
+TourScene Scene(const std::string& name, const SettingsDialogValues& values, TourPlay play) {
   return {"settings " + name,
           [values](SDL_Window* parent) {
             return ShowAndReport(parent, values, [](const SettingsDialogValues&) {});
           },
-          std::move(script)};
+          std::move(play)};
 }
 
 TourScene PageScene(const std::string& label, const std::string& picture) {
-  const SDL_Point row = ListRow(label);
-  TourScript script;
-  script.Click(row.x, row.y).Save("settings-" + picture).Key(SDLK_ESCAPE);
-  return Scene(label, SampleSettings(), std::move(script));
+  return Scene(label, SampleSettings(),
+               [label, picture](DialogDriver& user, const TourCamera& camera) {
+                 user.OpenPage(label).Do(camera.Take("settings-" + picture)).PressEscape();
+               });
 }
 
 TourScene FontModeScene(const std::string& picture, const std::string& mode,
@@ -73,18 +59,14 @@ TourScene FontModeScene(const std::string& picture, const std::string& mode,
   SettingsDialogValues values = SampleSettings();
   values.font_mode = mode;
   values.custom_font_path = custom_font;
-  return Scene("Font Mode, " + picture, values,
-               TourScript().Save("settings-font-mode-" + picture).Key(SDLK_ESCAPE));
+  return Scene("Font Mode, " + picture, values, LookAndLeave("settings-font-mode-" + picture));
 }
 
 // Over the demo window, with one "Apply".
 TourScene AppliedScene() {
-  const SDL_Rect apply = frontend::gui::BuildSettingsDialogButtons().apply;
-  TourScript script;
-  script.SaveOverHost("settings-over-demo-window")
-      .Click(apply.x + apply.w / 2, apply.y + apply.h / 2)
-      .Key(SDLK_ESCAPE);
-  return Scene("applied", SampleSettings(), std::move(script));
+  return Scene("applied", SampleSettings(), [](DialogDriver& user, const TourCamera& camera) {
+    user.Do(camera.TakeOverHost("settings-over-demo-window")).Apply().PressEscape();
+  });
 }
 
 // --- Command -------------------------------------------------------------------------------------

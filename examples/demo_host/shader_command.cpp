@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -106,42 +105,61 @@ std::string LongLabelShader() {
 }
 
 TourScene FileScene(const std::string& name, const std::string& file, const std::string& text,
-                    TourScript script) {
+                    TourPlay play) {
   return {"shader " + name,
           [file, text](SDL_Window* parent) {
             std::ofstream(file, std::ios::binary) << text;
             return SummaryAsJson(file, Show(parent, file, {}, {}));
           },
-          std::move(script)};
+          std::move(play)};
 }
 
 TourScene PresetScene() {
-  TourScript script;
-  script.SaveOverHost("shader-over-demo-window").Click(400, 140).Key(SDLK_RETURN);
-  script.Save("shader-applied").Close();
   return {"shader preset",
           [](SDL_Window* parent) {
             return ResultAsJson(kDemoPreset, Show(parent, kDemoPreset,
                                                   ParseGlslpParameterOverrides(kDemoPreset), {}));
           },
-          std::move(script)};
+          [](DialogDriver& user, const TourCamera& camera) {
+            user.Do(camera.TakeOverHost("shader-over-demo-window"));
+            user.SetParameter("CONTRAST", 1.12F).Apply();
+            user.Do(camera.Take("shader-applied")).Close();
+          }};
 }
 
-// A value of the demo's shader that a user moves to.
-struct AnimationStep {
-  int row;          // Of the dialog's list.
-  double fraction;  // Of the slider's width.
-};
-
 // Each parameter goes up, down and back to where it started, so that the frames make a loop.
-constexpr AnimationStep kAnimation[] = {
-    {0, 1.10 / 1.8}, {0, 1.40 / 1.8}, {0, 0.90 / 1.8}, {2, 1.20 / 2.0}, {2, 1.70 / 2.0},
-    {2, 0.75 / 2.0}, {3, 0.70},       {3, 0.98},       {3, 0.00},       {3, 0.40},
-    {4, 0.28 / 0.5}, {4, 0.40 / 0.5}, {4, 0.00},       {4, 0.08 / 0.5},
+constexpr std::pair<const char*, float> kAnimation[] = {
+    {"BRIGHTNESS", 1.3F}, {"BRIGHTNESS", 1.6F}, {"BRIGHTNESS", 1.1F}, {"GAMMA", 1.6F},
+    {"GAMMA", 2.1F},      {"GAMMA", 1.15F},     {"SCANLINE", 0.7F},   {"SCANLINE", 1.0F},
+    {"SCANLINE", 0.0F},   {"SCANLINE", 0.4F},   {"CURVATURE", 0.28F}, {"CURVATURE", 0.4F},
+    {"CURVATURE", 0.0F},  {"CURVATURE", 0.08F},
 };
 
 std::string FrameName(int frame) {
   return std::string("shader-animation-") + (frame < 10 ? "0" : "") + std::to_string(frame);
+}
+
+TourScene TenScene() {
+  return FileScene("10", "shaders/ten.glsl", NumberedShader(10),
+                   [](DialogDriver& user, const TourCamera& camera) {
+                     user.Do(camera.Take("shader-10")).Drag({885, 100}, {885, 400});
+                     user.Do(camera.Take("shader-10-scrolled")).PressEscape();
+                   });
+}
+
+TourScene ManyScene() {
+  return FileScene("300", "shaders/many.glsl", NumberedShader(300),
+                   [](DialogDriver& user, const TourCamera& camera) {
+                     user.Drag({885, 40}, {885, 230}).Do(camera.Take("shader-300")).PressEscape();
+                   });
+}
+
+TourScene LongLabelScene() {
+  return FileScene("long labels", "shaders/long.glsl", LongLabelShader(),
+                   [](DialogDriver& user, const TourCamera& camera) {
+                     user.Do(camera.Take("shader-long-labels")).Drag({885, 40}, {885, 400});
+                     user.Do(camera.Take("shader-long-numbers")).PressEscape();
+                   });
 }
 
 // Below the middle of the guest picture, so that its upper half stays in view.
@@ -160,7 +178,7 @@ TourScene LongPathScene() {
             std::ofstream(file) << NumberedShader(3);
             return SummaryAsJson(file, Show(parent, file, {}, {}));
           },
-          TourScript().Save("shader-long-path").Key(SDLK_ESCAPE)};
+          LookAndLeave("shader-long-path")};
 }
 
 // --- The command ---------------------------------------------------------------------------------
@@ -213,23 +231,11 @@ class ShaderCommand : public DemoCommand {
     std::vector<TourScene> scenes;
     scenes.push_back(AnimationScene());
     scenes.push_back(PresetScene());
-    scenes.push_back(FileScene("3", "shaders/three.glsl", NumberedShader(3),
-                               TourScript().Save("shader-3").Key(SDLK_ESCAPE)));
-    scenes.push_back(FileScene("10", "shaders/ten.glsl", NumberedShader(10),
-                               TourScript()
-                                   .Save("shader-10")
-                                   .Drag({885, 100}, {885, 400})
-                                   .Save("shader-10-scrolled")
-                                   .Key(SDLK_ESCAPE)));
     scenes.push_back(
-        FileScene("300", "shaders/many.glsl", NumberedShader(300),
-                  TourScript().Drag({885, 40}, {885, 230}).Save("shader-300").Key(SDLK_ESCAPE)));
-    scenes.push_back(FileScene("long labels", "shaders/long.glsl", LongLabelShader(),
-                               TourScript()
-                                   .Save("shader-long-labels")
-                                   .Drag({885, 40}, {885, 400})
-                                   .Save("shader-long-numbers")
-                                   .Key(SDLK_ESCAPE)));
+        FileScene("3", "shaders/three.glsl", NumberedShader(3), LookAndLeave("shader-3")));
+    scenes.push_back(TenScene());
+    scenes.push_back(ManyScene());
+    scenes.push_back(LongLabelScene());
     scenes.push_back(LongPathScene());
     return scenes;
   }
@@ -237,26 +243,22 @@ class ShaderCommand : public DemoCommand {
  private:
   // Over the demo window, which shows its picture through the shader meanwhile.
   TourScene AnimationScene() {
-    const frontend::gui::ShaderDialogGeometry geometry;
-    TourScript script;
-    script.Do([this](TourStage& stage) { MoveBelowGuest(stage.Dialog(), session_->host); });
-    int frame = 0;
-    script.SaveOverHost(FrameName(frame));
-    for (const auto& [row, fraction] : kAnimation) {
-      const int x =
-          geometry.slider_x + static_cast<int>(std::lround(fraction * geometry.slider_width));
-      script.Click(x, geometry.list_top + row * geometry.row_height + geometry.row_height / 2)
-          .Key(SDLK_RETURN)
-          .SaveOverHost(FrameName(++frame));
-    }
-    script.Close();
     return {"shader animation",
             [this](SDL_Window* /*parent*/) {
               Json result = ShowInHost(*session_);
               ToggleShaderView(*session_);
               return result;
             },
-            std::move(script)};
+            [this](DialogDriver& user, const TourCamera& camera) {
+              int frame = 0;
+              user.Do([this](SDL_Window* dialog) { MoveBelowGuest(dialog, session_->host); });
+              user.Do(camera.TakeOverHost(FrameName(frame)));
+              for (const auto& [name, value] : kAnimation) {
+                user.SetParameter(name, value).Apply();
+                user.Do(camera.TakeOverHost(FrameName(++frame)));
+              }
+              user.Close();
+            }};
   }
 
   // Flushed at once, so that whoever reads the output sees each Apply when it happens.

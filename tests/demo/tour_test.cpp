@@ -28,6 +28,7 @@ using frontend::gui::SdlMessageBox;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using testing::Recorder;
+using ::testing::StartsWith;
 using testing::TemporaryDirectory;
 
 using Show = std::function<Json(SDL_Window*)>;
@@ -92,10 +93,10 @@ class TourOfOne : public ::testing::Test {
     EXPECT_EQ(fs::current_path(), start_);
   }
 
-  ExitStatus Play(Show show, TourScript script, int frame_budget = 600) {
+  ExitStatus Play(Show show, TourPlay play) {
     commands_.clear();
     commands_.push_back(std::make_unique<SampleCommand>(
-        "sample", TourScene{"sample scene", std::move(show), std::move(script), frame_budget}));
+        "sample", TourScene{"sample scene", std::move(show), std::move(play)}));
     return PlayAll("");
   }
 
@@ -116,41 +117,47 @@ class TourOfOne : public ::testing::Test {
 };
 
 TEST_F(TourOfOne, PrintsResultAndPictures) {
-  EXPECT_EQ(Play(&ShowBox, TourScript().Save("one").Key(SDLK_ESCAPE)), ExitStatus::Accepted);
+  EXPECT_EQ(Play(&ShowBox, LookAndLeave("one")), ExitStatus::Accepted);
   EXPECT_THAT(printed_, HasSubstr("{\"dialog\":\"sample\",\"scene\":\"sample scene\",\"result\":1,"
                                   "\"pictures\":[\"one.png\"]}\n"));
   EXPECT_EQ(errors_, "");
   EXPECT_TRUE(fs::exists(out_.path() / "one.png"));
 }
 
-TEST_F(TourOfOne, DialogThatIsStillOpenIsClosed) {
-  EXPECT_EQ(Play(&ShowBox, TourScript().Wait(2)), ExitStatus::Accepted);
+TEST_F(TourOfOne, DialogThatIsLeftOpenIsClosedAndFails) {
+  EXPECT_EQ(Play(&ShowBox, [](DialogDriver& user, const TourCamera&) { user.Wait(2); }),
+            ExitStatus::Failed);
   EXPECT_THAT(printed_, HasSubstr("\"result\":-1"));
+  EXPECT_THAT(errors_, StartsWith("quindle_dialogs: tour: sample scene: no step is left; still "
+                                  "open was the message box "));
 }
 
-TEST_F(TourOfOne, NestedDialogsAreClosedInnermostFirst) {
+TEST_F(TourOfOne, PicturesShowTheInnermostDialog) {
   std::vector<std::string> ended;
   EXPECT_EQ(Play([&](SDL_Window* parent) { return ShowNestedBoxes(parent, &ended); },
-                 TourScript().Key(SDLK_ESCAPE).Do([](TourStage& stage) {
-                   EXPECT_STREQ(SDL_GetWindowTitle(stage.Dialog()), "Inner");
-                 })),
+                 [](DialogDriver& user, const TourCamera&) {
+                   user.PressButton(1).Do([](SDL_Window* dialog) {
+                     EXPECT_STREQ(SDL_GetWindowTitle(dialog), "Inner");
+                   });
+                   user.Close();
+                 }),
             ExitStatus::Accepted);
   EXPECT_THAT(ended, ElementsAre("inner", "outer"));
 }
 
-TEST_F(TourOfOne, DialogThatHeedsNoEventIsBrokenOff) {
-  EXPECT_EQ(Play(&ShowStubbornDialog, TourScript().Wait(2), 50), ExitStatus::Failed);
-  EXPECT_EQ(errors_, "quindle_dialogs: tour: sample scene: the dialog did not end\n");
+TEST_F(TourOfOne, WindowThatHeedsNoEventIsBrokenOff) {
+  EXPECT_EQ(Play(&ShowStubbornDialog, LookAndLeave("never")), ExitStatus::Failed);
+  EXPECT_EQ(errors_,
+            "quindle_dialogs: tour: sample scene: the driver found no dialog; it must be made "
+            "before the dialog opens\n");
 }
 
-TEST_F(TourOfOne, ScriptLongerThanTheBudgetFails) {
-  EXPECT_EQ(Play(&ShowBox, TourScript().Wait(200), 50), ExitStatus::Failed);
-  EXPECT_THAT(errors_, HasSubstr("sample scene: "));
-}
-
-TEST_F(TourOfOne, DialogThatEndsBeforeItsScriptFails) {
-  EXPECT_EQ(Play(&ShowBox, TourScript().Key(SDLK_ESCAPE).Save("never")), ExitStatus::Failed);
-  EXPECT_THAT(errors_, HasSubstr("the dialog ended before its script"));
+TEST_F(TourOfOne, DialogThatEndsBeforeItsStepsFails) {
+  EXPECT_EQ(
+      Play(&ShowBox, [](DialogDriver& user,
+                        const TourCamera& camera) { user.PressEscape().Do(camera.Take("never")); }),
+      ExitStatus::Failed);
+  EXPECT_THAT(errors_, HasSubstr("no dialog was open any more"));
   EXPECT_FALSE(fs::exists(out_.path() / "never.png"));
 }
 
@@ -159,21 +166,21 @@ TEST_F(TourOfOne, DialogThatCannotOpenFails) {
     Recorder().FailCall("SDL_CreateWindow", 1);
     return ShowBox(parent);
   };
-  EXPECT_EQ(Play(show_without_window, TourScript().Save("never")), ExitStatus::Failed);
+  EXPECT_EQ(Play(show_without_window, LookAndLeave("never")), ExitStatus::Failed);
 }
 
 TEST_F(TourOfOne, PictureThatCannotBeSavedFails) {
-  EXPECT_EQ(Play(&ShowBox, TourScript().Save("no/such/folder")), ExitStatus::Failed);
+  EXPECT_EQ(Play(&ShowBox, LookAndLeave("no/such/folder")), ExitStatus::Failed);
   EXPECT_THAT(errors_, HasSubstr("cannot save "));
 }
 
 TEST_F(TourOfOne, GoesOnBehindASceneThatFailed) {
   commands_.clear();
   commands_.push_back(std::make_unique<SampleCommand>(
-      "first",
-      TourScene{"first", [](SDL_Window*) -> Json { throw std::runtime_error("broken"); }, {}}));
-  commands_.push_back(std::make_unique<SampleCommand>(
-      "second", TourScene{"second", &ShowBox, TourScript().Save("s")}));
+      "first", TourScene{"first", [](SDL_Window*) -> Json { throw std::runtime_error("broken"); },
+                         LookAndLeave("never")}));
+  commands_.push_back(
+      std::make_unique<SampleCommand>("second", TourScene{"second", &ShowBox, LookAndLeave("s")}));
   EXPECT_EQ(PlayAll(""), ExitStatus::Failed);
   EXPECT_EQ(errors_, "quindle_dialogs: tour: first: broken\n");
   EXPECT_TRUE(fs::exists(out_.path() / "s.png"));
@@ -183,7 +190,7 @@ TEST_F(TourOfOne, OnlyChoosesByName) {
   commands_.clear();
   for (const char* name : {"first", "second"}) {
     commands_.push_back(
-        std::make_unique<SampleCommand>(name, TourScene{name, &ShowBox, TourScript().Save(name)}));
+        std::make_unique<SampleCommand>(name, TourScene{name, &ShowBox, LookAndLeave(name)}));
   }
   EXPECT_EQ(PlayAll("second"), ExitStatus::Accepted);
   EXPECT_FALSE(fs::exists(out_.path() / "first.png"));
@@ -198,44 +205,8 @@ TEST_F(TourOfOne, SamplesAreTheWorkingDirectory) {
                   EXPECT_TRUE(fs::is_empty("captures"));
                   return ShowBox(parent);
                 },
-                {}),
+                LookAndLeave("samples")),
             ExitStatus::Accepted);
-}
-
-TEST_F(TourOfOne, PushesWhatAUserDoes) {
-  std::vector<SDL_Event> seen;
-  const auto show = [&](SDL_Window* parent) -> Json {
-    const auto bundle = frontend::gui::CreateModalWindowBundle(
-        parent, "Probe", 0, 0, 320, 200, 0, frontend::gui::ModalRendererMode::Software);
-    for (;;) {
-      frontend::gui::PumpModalDialogHeartbeat();
-      SDL_Event event;
-      while (SDL_PollEvent(&event) != 0) {
-        if (event.type == SDL_WINDOWEVENT && event.window.event == SDL_WINDOWEVENT_CLOSE) {
-          return nullptr;
-        }
-        if (event.type >= SDL_KEYDOWN && event.type <= SDL_MOUSEWHEEL) {
-          EXPECT_EQ(event.key.windowID, SDL_GetWindowID(bundle.window.get()));
-          seen.push_back(event);
-        }
-      }
-    }
-  };
-  Play(show, TourScript().Key(SDLK_a, KMOD_LSHIFT).Text("é!").Click(-1, -2, 2).Wheel(-3));
-  ASSERT_EQ(seen.size(), 10U);
-  EXPECT_EQ(seen[0].type, SDL_KEYDOWN);
-  EXPECT_EQ(seen[0].key.keysym.sym, SDLK_a);
-  EXPECT_EQ(seen[0].key.keysym.mod, KMOD_LSHIFT);
-  EXPECT_EQ(seen[1].type, SDL_KEYUP);
-  EXPECT_STREQ(seen[2].text.text, "é");
-  EXPECT_STREQ(seen[3].text.text, "!");
-  EXPECT_EQ(seen[4].type, SDL_MOUSEMOTION);
-  EXPECT_EQ(seen[5].type, SDL_MOUSEBUTTONDOWN);
-  EXPECT_EQ(seen[5].button.x, 319);
-  EXPECT_EQ(seen[5].button.y, 198);
-  EXPECT_EQ(seen[6].type, SDL_MOUSEBUTTONUP);
-  EXPECT_EQ(seen[7].button.clicks, 2);
-  EXPECT_EQ(seen[9].wheel.y, -3);
 }
 
 TEST(ResolveUserPath, IsUnchangedWhereTheFontsWereAtTheStart) {

@@ -16,8 +16,8 @@
 #include <thread>
 #include <vector>
 
-#include "demo_host/push_event.h"
 #include "frontend/gui/hdd_create_dialog.h"
+#include "frontend/gui/testing/push_event.h"
 #include "support/dialog_test.h"
 #include "support/every_dialog.h"
 
@@ -265,7 +265,7 @@ TEST_F(ModalEvents, LeaveUnreadTextWhereItIs) {
 }
 
 TEST_F(ModalEvents, LeaveUnreadTextOfEveryKindWhereItIs) {
-  if (demo::IsTextQueuedByAddress()) {
+  if (frontend::gui::testing::IsTextQueuedByAddress()) {
     GTEST_SKIP() << "this SDL takes such events from no program";
   }
   PushNumbered(1);
@@ -474,7 +474,7 @@ SDL_Event OfText(Uint32 type, char* text) {
 }
 
 TEST_P(EachDialogsEvents, FreeTheTextsThatNobodyTakes) {
-  if (demo::IsTextQueuedByAddress()) {
+  if (frontend::gui::testing::IsTextQueuedByAddress()) {
     GTEST_SKIP() << "this SDL takes such events from no program";
   }
   std::vector<SDL_Event> events;

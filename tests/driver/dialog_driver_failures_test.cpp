@@ -132,6 +132,44 @@ TEST_F(DialogDriverFailure, WrongDialog) {
   }
 }
 
+TEST_F(DialogDriverFailure, PlacesOutsideTheWindow) {
+  struct Case {
+    std::function<void(DialogDriver&)> step;
+    std::string words;
+  };
+  for (const Case& one : std::vector<Case>{
+           {[](auto& d) {
+              d.Click({400, 10, 40, 10});
+            },
+            "click at (420, 15)"},
+           {[](auto& d) {
+              d.Drag({10, -1}, {20, 30});
+            },
+            "drag from (10, -1) to (20, 30)"},
+           {[](auto& d) {
+              d.TurnWheel({10, 5000, 1, 1}, 1);
+            },
+            "turn the wheel at (10, 5000)"},
+       }) {
+    DialogDriver driver;
+    one.step(driver);
+    EXPECT_EQ(Ask("Box"), -1);
+    EXPECT_EQ(driver.failure(),
+              "step 1 (" + one.words + "): that is outside of the dialog's window" + kBoxShows);
+  }
+}
+
+TEST_F(DialogDriverFailure, KeyOrFrameThatNoDialogCameFor) {
+  DialogDriver key;
+  key.PressButton(2).PressKey(SDLK_RETURN);
+  EXPECT_EQ(Ask("Box"), 2);
+  EXPECT_EQ(key.failure(), "step 2 (press the key \"Return\"): no dialog was open any more");
+  DialogDriver frame;
+  frame.PressButton(2).Wait(1);
+  EXPECT_EQ(Ask("Box"), 2);
+  EXPECT_EQ(frame.failure(), "step 2 (wait): no dialog was open any more");
+}
+
 TEST_F(DialogDriverFailure, ButtonInAboutDialog) {
   DialogDriver driver;
   driver.PressButton(1);

@@ -342,6 +342,78 @@ TEST_F(DialogDriverTest, OpensLinks) {
               ElementsAre(QUINDLE_EXPECTED_HOMEPAGE, QUINDLE_EXPECTED_VIDEO_URL));
 }
 
+// --- Any dialog ----------------------------------------------------------------------------------
+
+TEST_F(DialogDriverTest, PressesKeys) {
+  folder_.Write("a.img", "");
+  folder_.Write("b.img", "");
+  DialogDriver driver;
+  driver.PressKey(SDLK_DOWN).PressKey(SDLK_DOWN).PressKey(SDLK_RETURN);
+  EXPECT_EQ(ShowSimpleFloppyFilePicker(MakeParent(), folder_.path().string()),
+            (folder_.path() / "b.img").string());
+  EXPECT_EQ(driver.failure(), "");
+}
+
+TEST_F(DialogDriverTest, ClicksInTheMiddleOfAPart) {
+  DialogDriver driver;
+  driver.Click(BuildHddCreateDialogLayout().create_button);
+  EXPECT_TRUE(ShowSimpleHddCreateDialog(MakeParent(), "out", 32).accepted);
+  EXPECT_EQ(driver.failure(), "");
+}
+
+// The middle of the first row's slider, whatever the number of rows.
+SDL_Point FirstSlider() {
+  const ShaderDialogGeometry geometry;
+  return {geometry.slider_x + geometry.slider_width / 2,
+          geometry.list_top + geometry.row_height / 2};
+}
+
+TEST_F(DialogDriverTest, DragsFromAPlaceInTheWindowToOneOutside) {
+  DialogDriver driver;
+  driver.Drag(FirstSlider(), {5000, -5000}).Apply();
+  driver.Drag(FirstSlider(), {FirstSlider().x, 0}).Apply().Close();
+  const auto applied = RunShader("#pragma parameter A \"A\" 0.5 0.0 1.0 0.5\n");
+  EXPECT_EQ(driver.failure(), "");
+  ASSERT_EQ(applied.size(), 2U);
+  EXPECT_EQ(ValueOf(applied[0], "A"), 1.0F);
+  EXPECT_EQ(ValueOf(applied[1], "A"), 0.5F);
+}
+
+TEST_F(DialogDriverTest, TurnsTheWheelWhereThePointerIs) {
+  const SDL_Point slider = FirstSlider();
+  DialogDriver driver;
+  driver.TurnWheel({slider.x - 5, slider.y - 5, 10, 10}, 1).Apply();
+  driver.TurnWheel({slider.x, slider.y, 1, 1}, -1).Apply();
+  driver.TurnWheel({slider.x, 10, 1, 1}, 1).Apply().Close();
+  const auto applied = RunShader(kOneParameter);
+  EXPECT_EQ(driver.failure(), "");
+  ASSERT_EQ(applied.size(), 3U);
+  EXPECT_NEAR(ValueOf(applied[0], "GAMMA"), 1.1F, 0.0001);
+  EXPECT_NEAR(ValueOf(applied[1], "GAMMA"), 1.0F, 0.0001);
+  EXPECT_NEAR(ValueOf(applied[2], "GAMMA"), 1.0F, 0.0001) << "above the list";
+}
+
+TEST_F(DialogDriverTest, WaitsForFrames) {
+  int frames = 0;
+  DialogDriver driver([&frames] { ++frames; });
+  int before = 0;
+  int between = 0;
+  int after = 0;
+  driver.Do([&](SDL_Window*) { before = frames; }).Do([&](SDL_Window*) { between = frames; });
+  driver.Wait(10).Do([&](SDL_Window*) { after = frames; }).PressButton(1);
+  Ask("Slow");
+  EXPECT_EQ(driver.failure(), "");
+  EXPECT_LT(between - before, 10);
+  EXPECT_GE(after - between, 10);
+}
+
+TEST_F(DialogDriverTest, WaitingForNoFrameIsNoStepLeftUndone) {
+  DialogDriver driver;
+  driver.PressButton(1).Wait(0).Wait(-1);
+  Ask("Ended");
+  EXPECT_EQ(driver.failure(), "");
+}
+
 // --- Around the dialogs --------------------------------------------------------------------------
 
 TEST_F(DialogDriverTest, DrivesDialogThatAButtonOpens) {

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <map>
 
-#include "demo_host/push_event.h"
+#include "frontend/gui/testing/push_event.h"
 #include "faults/fault_scenarios.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
 #include "support/dialog_test.h"
@@ -28,7 +28,7 @@ class CallFaults : public DialogTest, public ::testing::WithParamInterface<Fault
     std::filesystem::current_path(samples);
     parent_ = MakeParent();
     // Asks the queue once in a process, which must not count as a call of the first run.
-    demo::IsTextQueuedByAddress();
+    frontend::gui::testing::IsTextQueuedByAddress();
   }
 
   // One run from a clean start; `arm` sets the fault.

@@ -5,7 +5,8 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "demo_host/push_event.h"
+#include "frontend/gui/testing/input_events.h"
+#include "frontend/gui/testing/push_event.h"
 #include "frontend/gui/about_dialog.h"
 #include "frontend/gui/hdd_create_dialog.h"
 #include "frontend/gui/screenshot_save_dialog.h"
@@ -14,11 +15,12 @@
 #include "frontend/gui/sdl_pickers.h"
 #include "frontend/gui/settings_dialog.h"
 #include "frontend/gui/shader_parameter_dialog.h"
-#include "support/input_events.h"
 #include "support/real_function.h"
 
 namespace quindle::testing {
 namespace {
+
+using namespace frontend::gui::testing;
 
 namespace fs = std::filesystem;
 namespace gui = frontend::gui;
@@ -34,7 +36,7 @@ struct DoesNotEnd : std::runtime_error {
 
 // A push that fails is one of the faults.
 void Push(SDL_Event event) {
-  demo::PushEvent(event);
+  PushEvent(event);
 }
 
 void Key(SDL_Keycode key) {

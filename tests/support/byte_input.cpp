@@ -1,11 +1,13 @@
 #include "support/byte_input.h"
 
-#include "demo_host/push_event.h"
-#include "support/input_events.h"
+#include "frontend/gui/testing/input_events.h"
+#include "frontend/gui/testing/push_event.h"
 #include "support/plain_interposers.h"
 
 namespace quindle::testing {
 namespace {
+
+using namespace frontend::gui::testing;
 
 constexpr SDL_Keycode kKeys[] = {
     SDLK_UP, SDLK_DOWN, SDLK_RETURN, SDLK_KP_ENTER, SDLK_TAB, SDLK_BACKSPACE, SDLK_SPACE, SDLK_a,
@@ -97,7 +99,7 @@ SDL_Event EventFrom(const std::uint8_t* bytes) {
 void PushEventFromBytes(const std::uint8_t* bytes) {
   const SDL_Event event = EventFrom(bytes);
   PointAtNewestWindow(PositionX(bytes), PositionY(bytes), (bytes[0] & 0x80) != 0);
-  demo::PushEvent(event);
+  PushEvent(event);
 }
 
 }  // namespace quindle::testing

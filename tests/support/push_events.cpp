@@ -8,15 +8,17 @@
 #include <cstddef>
 #include <limits>
 
-#include "demo_host/push_event.h"
+#include "frontend/gui/testing/input_events.h"
+#include "frontend/gui/testing/push_event.h"
 #include "support/call_recorder.h"
-#include "support/input_events.h"
 
 namespace quindle::testing {
 namespace {
 
+using namespace frontend::gui::testing;
+
 void Push(SDL_Event event) {
-  ASSERT_EQ(demo::PushEvent(event), 1) << SDL_GetError();
+  ASSERT_EQ(PushEvent(event), 1) << SDL_GetError();
 }
 
 std::size_t BytesForOneEvent(std::string_view text) {

@@ -151,7 +151,33 @@ class DialogDriver {
   /// @return this driver
   DialogDriver& Close();
 
-  /// Runs a step of the test's own, for example to look at what the dialog shows.
+  /// Presses and releases a key in whatever dialog is open.
+  /// @param key the key
+  /// @return this driver
+  DialogDriver& PressKey(SDL_Keycode key);
+  /// Clicks with the left button in whatever dialog is open: for what no other step does.
+  /// @param part a part of the dialog's window, in its pixels, as the layout functions give it; it
+  /// is clicked in its middle, which fails outside of the window
+  /// @return this driver
+  DialogDriver& Click(const SDL_Rect& part);
+  /// Drags with the left button in whatever dialog is open, such as a scroll bar's thumb.
+  /// @param from where the button goes down, in pixels of the dialog's window; a place outside of
+  /// it fails
+  /// @param to where it comes up; may lie outside
+  /// @return this driver
+  DialogDriver& Drag(SDL_Point from, SDL_Point to);
+  /// Turns the mouse wheel in whatever dialog is open.
+  /// @param part where the pointer is, as for Click; it stays there
+  /// @param notches how far; positive is away from the user, which scrolls up
+  /// @return this driver
+  DialogDriver& TurnWheel(const SDL_Rect& part, int notches);
+  /// Lets whatever dialog is open draw, for what takes more than the frame that follows every step.
+  /// @param frames how many frames it draws at least; not negative
+  /// @return this driver
+  DialogDriver& Wait(int frames);
+
+  /// Runs a step of the test's own, for example to look at what the dialog shows: it has drawn what
+  /// the step before this one did.
   /// @param step called with the window of the dialog that is open; what it throws leaves the
   /// dialog; must not be empty
   /// @return this driver

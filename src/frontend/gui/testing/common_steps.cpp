@@ -58,6 +58,25 @@ std::string AcceptShownFolder(SDL_Window* window, const OpenPicker& picker) {
   return {};
 }
 
+// In pixels of the dialog's window.
+std::string PlaceText(SDL_Point place) {
+  return "(" + std::to_string(place.x) + ", " + std::to_string(place.y) + ")";
+}
+
+// An action that begins at a place of whatever dialog is open.
+template <typename Act>
+DriverAction AtPlace(SDL_Point place, Act act) {
+  return [place, act](const DrivenDialog& dialog) {
+    const SDL_Point size = WindowSize(dialog.window);
+    const SDL_Rect area{0, 0, size.x, size.y};
+    if (SDL_PointInRect(&place, &area) == SDL_FALSE) {
+      return std::string("that is outside of the dialog's window");
+    }
+    act(dialog.window);
+    return std::string();
+  };
+}
+
 }  // namespace
 
 DialogDriver& DialogDriver::PressButton(int id) {
@@ -117,6 +136,45 @@ DialogDriver& DialogDriver::Close() {
                      PushClose(dialog.window);
                      return std::string();
                    }});
+  return *this;
+}
+
+DialogDriver& DialogDriver::PressKey(SDL_Keycode key) {
+  script_->AddStep("press the key " + Quoted(SDL_GetKeyName(key)),
+                   {[key](const DrivenDialog& dialog) {
+                     PushKey(dialog.window, key);
+                     return std::string();
+                   }});
+  return *this;
+}
+
+DialogDriver& DialogDriver::Click(const SDL_Rect& part) {
+  const SDL_Point at = Middle(part);
+  script_->AddStep("click at " + PlaceText(at),
+                   {AtPlace(at, [at](SDL_Window* window) { PushClick(window, at); })});
+  return *this;
+}
+
+DialogDriver& DialogDriver::Drag(SDL_Point from, SDL_Point to) {
+  script_->AddStep("drag from " + PlaceText(from) + " to " + PlaceText(to),
+                   {AtPlace(from, [from, to](SDL_Window* window) { PushDrag(window, from, to); })});
+  return *this;
+}
+
+DialogDriver& DialogDriver::TurnWheel(const SDL_Rect& part, int notches) {
+  const SDL_Point at = Middle(part);
+  const auto turn = [script = script_.get(), at, notches](SDL_Window* window) {
+    script->PutPointer(window, {at.x, at.y, false});
+    PushWheel(window, at, notches);
+  };
+  script_->AddStep("turn the wheel at " + PlaceText(at), {AtPlace(at, turn)});
+  return *this;
+}
+
+DialogDriver& DialogDriver::Wait(int frames) {
+  script_->AddStep("wait", std::vector<DriverAction>(
+                               static_cast<std::size_t>(std::max(frames, 0)),
+                               [](const DrivenDialog& /*dialog*/) { return std::string(); }));
   return *this;
 }
 

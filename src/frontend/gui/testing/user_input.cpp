@@ -2,47 +2,23 @@
 
 #include <string_view>
 
+#include "frontend/gui/testing/input_events.h"
+#include "frontend/gui/testing/push_event.h"
 #include "utils/ascii_text.h"
 
 namespace quindle::frontend::gui::testing {
 namespace {
 
-void PushKeyEvent(SDL_Window* window, Uint32 type, SDL_Keycode key) {
-  SDL_Event event{};
-  event.type = type;
-  event.key.windowID = SDL_GetWindowID(window);
-  event.key.state = type == SDL_KEYDOWN ? SDL_PRESSED : SDL_RELEASED;
-  event.key.keysym.sym = key;
-  event.key.keysym.scancode = SDL_GetScancodeFromKey(key);
-  SDL_PushEvent(&event);
-}
-
-void PushButton(SDL_Window* window, Uint32 type, SDL_Point at) {
-  SDL_Event event{};
-  event.type = type;
-  event.button.windowID = SDL_GetWindowID(window);
-  event.button.button = SDL_BUTTON_LEFT;
-  event.button.state = type == SDL_MOUSEBUTTONDOWN ? SDL_PRESSED : SDL_RELEASED;
-  event.button.clicks = 1;
-  event.button.x = at.x;
-  event.button.y = at.y;
-  SDL_PushEvent(&event);
-}
-
-void PushTextEvent(SDL_Window* window, std::string_view character) {
-  SDL_Event event{};
-  event.type = SDL_TEXTINPUT;
-  event.text.windowID = SDL_GetWindowID(window);
-  character.copy(static_cast<char*>(event.text.text), SDL_TEXTINPUTEVENT_TEXT_SIZE - 1);
-  SDL_PushEvent(&event);
+Uint32 Id(SDL_Window* window) {
+  return SDL_GetWindowID(window);
 }
 
 }  // namespace
 
 void PushKey(SDL_Window* window, SDL_Keycode key, int times) {
   for (int i = 0; i < times; ++i) {
-    PushKeyEvent(window, SDL_KEYDOWN, key);
-    PushKeyEvent(window, SDL_KEYUP, key);
+    PushEvent(MakeKeyEvent(SDL_KEYDOWN, key, Id(window)));
+    PushEvent(MakeKeyEvent(SDL_KEYUP, key, Id(window)));
   }
 }
 
@@ -52,31 +28,28 @@ void PushText(SDL_Window* window, const std::string& text) {
     while (end < text.size() && end - at < 4 && utils::is_utf8_continuation(text[end])) {
       ++end;
     }
-    PushTextEvent(window, std::string_view(text).substr(at, end - at));
+    PushEvent(MakeTextEvent(std::string_view(text).substr(at, end - at), Id(window)));
     at = end;
   }
 }
 
 void PushMotion(SDL_Window* window, SDL_Point at, bool held) {
-  SDL_Event event{};
-  event.type = SDL_MOUSEMOTION;
-  event.motion.windowID = SDL_GetWindowID(window);
-  event.motion.state = held ? SDL_BUTTON_LMASK : 0;
-  event.motion.x = at.x;
-  event.motion.y = at.y;
-  SDL_PushEvent(&event);
+  PushEvent(MakeMotionEvent(at, held ? SDL_BUTTON_LMASK : 0, Id(window)));
 }
 
 void PushPress(SDL_Window* window, SDL_Point at) {
-  PushButton(window, SDL_MOUSEBUTTONDOWN, at);
+  PushEvent(MakeButtonEvent(SDL_MOUSEBUTTONDOWN, at, SDL_BUTTON_LEFT, 1, Id(window)));
 }
 
 void PushRelease(SDL_Window* window, SDL_Point at) {
-  PushButton(window, SDL_MOUSEBUTTONUP, at);
+  PushEvent(MakeButtonEvent(SDL_MOUSEBUTTONUP, at, SDL_BUTTON_LEFT, 1, Id(window)));
 }
 
 void PushClick(SDL_Window* window, const SDL_Rect& rect) {
-  const SDL_Point at = Middle(rect);
+  PushClick(window, Middle(rect));
+}
+
+void PushClick(SDL_Window* window, SDL_Point at) {
   PushMotion(window, at, false);
   PushPress(window, at);
   PushRelease(window, at);
@@ -89,18 +62,16 @@ void PushDrag(SDL_Window* window, SDL_Point from, SDL_Point to) {
   PushRelease(window, to);
 }
 
+void PushWheel(SDL_Window* window, SDL_Point at, int notches) {
+  PushEvent(MakeWheelEvent({0, notches}, at, Id(window)));
+}
+
 void PushClose(SDL_Window* window) {
-  SDL_Event event{};
-  event.type = SDL_WINDOWEVENT;
-  event.window.windowID = SDL_GetWindowID(window);
-  event.window.event = SDL_WINDOWEVENT_CLOSE;
-  SDL_PushEvent(&event);
+  PushEvent(MakeWindowEvent(Id(window), SDL_WINDOWEVENT_CLOSE));
 }
 
 void PushQuit() {
-  SDL_Event event{};
-  event.type = SDL_QUIT;
-  SDL_PushEvent(&event);
+  PushEvent(MakeQuitEvent());
 }
 
 SDL_Point Middle(const SDL_Rect& rect) {

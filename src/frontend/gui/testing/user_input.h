@@ -17,10 +17,13 @@ void PushMotion(SDL_Window* window, SDL_Point at, bool held);
 // Presses or releases the left button.
 void PushPress(SDL_Window* window, SDL_Point at);
 void PushRelease(SDL_Window* window, SDL_Point at);
-// Moves to the middle of a rectangle, presses and releases.
+// Moves to a place, or the middle of a rectangle, presses and releases.
+void PushClick(SDL_Window* window, SDL_Point at);
 void PushClick(SDL_Window* window, const SDL_Rect& rect);
 // Presses at one place, moves to the other and releases there.
 void PushDrag(SDL_Window* window, SDL_Point from, SDL_Point to);
+// Turns the wheel where the pointer is; positive is away from the user.
+void PushWheel(SDL_Window* window, SDL_Point at, int notches);
 // Closes the window.
 void PushClose(SDL_Window* window);
 // Ends the program, which closes the innermost dialog.

@@ -1,13 +1,13 @@
 #pragma once
 
-// The events that a user's input arrives as, filled in the way SDL does it. Nothing here allocates,
-// checks or pushes: that is for the test that needs them. `window_id` 0 names no window.
+// Private. The events that a user's input arrives as, filled in the way SDL does it. Nothing here
+// allocates, checks or pushes: that is for whoever needs them. `window_id` 0 names no window.
 
 #include <SDL.h>
 
 #include <string_view>
 
-namespace quindle::testing {
+namespace quindle::frontend::gui::testing {
 
 // `type` is SDL_KEYDOWN or SDL_KEYUP.
 inline SDL_Event MakeKeyEvent(Uint32 type, SDL_Keycode sym, Uint32 window_id = 0,
@@ -88,4 +88,4 @@ inline SDL_Event MakeQuitEvent() {
   return event;
 }
 
-}  // namespace quindle::testing
+}  // namespace quindle::frontend::gui::testing

@@ -1,8 +1,9 @@
 #pragma once
 
-// SDL_PushEvent for every kind of event. SDL2's interface on top of SDL3 cannot push a text event:
-// it ends the program. Its queue takes one all the same, when the text stands where SDL3 looks for
-// it. Header-only, because the tests' programs want it without the demo host. Never allocates.
+// Private. SDL_PushEvent for every kind of event. SDL2's interface on top of SDL3 cannot push a
+// text event: it ends the program. Its queue takes one all the same, when the text stands where
+// SDL3 looks for it. Header-only, because our own tests want it without the driver. Never
+// allocates.
 
 #include <SDL.h>
 
@@ -11,7 +12,7 @@
 #include <cstring>
 #include <optional>
 
-namespace quindle::demo {
+namespace quindle::frontend::gui::testing {
 
 // What SDL3 keeps of a text event. SDL2 on top of it copies what stands behind the first two
 // members of its own event, byte by byte, to what stands behind the first three of this one.
@@ -82,4 +83,4 @@ inline int PushEvent(SDL_Event event) {
   return SDL_PeepEvents(&event, 1, SDL_ADDEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT);
 }
 
-}  // namespace quindle::demo
+}  // namespace quindle::frontend::gui::testing
