@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Does what the README and the guide tell a host's developer to do: builds and installs the libraries by
-# the README's commands, builds the two programs that the documents show by their CMake blocks and the
-# README's by its pkg-config line as well, and runs them without a display.
+# the README's commands, builds the two programs and the test that the documents show by their CMake blocks, the
+# README's program and the test by what they say of pkg-config as well, and runs them without a display.
 # Usage: follow_documents.sh CMAKE COMPILER SOURCE_DIR
 set -eu
 
@@ -60,6 +60,32 @@ install_as_the_readme_says() {
   (cd "$scratch/sources" && quietly bash -eu "$readme/build_and_install.sh")
 }
 
+# The host of the guide's test; its second question may lack the button that the test presses.
+write_test() {
+  cat "$guide/testing_your_dialogs.cpp" - >"$scratch/my_tests.cpp" <<'END'
+#include <SDL.h>
+#include <cstdio>
+#include "frontend/gui/sdl_message_box.h"
+static bool g_complete = true;
+static int Ask(const char* title, bool complete) {
+  quindle::frontend::gui::SdlMessageBox::Config config;
+  config.title = title;
+  config.buttons = {{1, "Yes", true, false, {}}};
+  if (complete) {
+    config.buttons.push_back({2, "No", false, true, {}});
+  }
+  return quindle::frontend::gui::SdlMessageBox(config).Show(nullptr, 1.0F);
+}
+bool ResetAndSave() { return Ask("Reset", true) == 1 && Ask("Save", g_complete) == 1; }
+int main(int, char**) {
+  SDL_Init(SDL_INIT_VIDEO);
+  const std::string passing = TestResetWithoutSaving();
+  g_complete = false;
+  std::printf("passing: [%s]\nfailing: %s\n", passing.c_str(), TestResetWithoutSaving().c_str());
+}
+END
+}
+
 # The user of both programs presses Escape in each frame.
 write_programs() {
   cat >"$scratch/escape.cpp" <<'END'
@@ -102,6 +128,18 @@ run() {
   [ "$output" = "$2" ] || fail "$3 printed: $output"
 }
 
+readonly test_output='passing: []
+failing: step 2 (press the button 2): there is no such button; open was the message box "Save", which shows the buttons 1 "Yes"'
+
+# Where the guide says that the driver stands.
+build_test_with_pkg_config() {
+  local libraries
+  grep -q '^`-lquindle_dialog_driver` in front of what `pkg-config --libs` prints\.' "$source_dir/docs/guide.md" ||
+    fail "the guide says nothing of the driver and pkg-config"
+  libraries=$(pkg-config --cflags quindle_sdl_ui)" -lquindle_dialog_driver "$(pkg-config --libs quindle_sdl_ui)
+  (cd "$scratch" && quietly bash -euc "c++ -std=c++20 my_tests.cpp $libraries -o my_tests_by_pkg_config")
+}
+
 build_with_pkg_config() {
   local line
   line=$(sed -n 's/.*`\(c++ -std=c++20 host\.cpp [^`]*\)`.*/\1/p' "$source_dir/README.md")
@@ -115,13 +153,18 @@ extract_blocks
 find_scripts
 install_as_the_readme_says
 write_programs
+write_test
 build_with_cmake host "$readme/libquindle_sdl_ui.cmake"
 data_root=$(cat "$scratch/host/build/data_root")
 run 0 "chosen button: 2" "$scratch/host/build/host"
 build_with_cmake my_front_end "$guide/packaging.cmake"
 run 1 "" "$scratch/my_front_end/build/my_front_end"
+build_with_cmake my_tests "$guide/testing_your_dialogs.cmake"
+run 0 "$test_output" "$scratch/my_tests/build/my_tests"
 build_with_pkg_config
+build_test_with_pkg_config
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir quindle_sdl_ui)
 export LD_LIBRARY_PATH
 run 0 "chosen button: 2" "$scratch/a.out"
+run 0 "$test_output" "$scratch/my_tests_by_pkg_config"
 echo "what the documents say works"

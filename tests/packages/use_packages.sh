@@ -64,6 +64,13 @@ use_pkg_config() {
   output=$(cd "$(pkg-config --variable=dataroot quindle_sdl_ui)" && timeout 30 "$scratch/first_dialog")
   [ "$output" = "chosen button: 2" ] || fail "unexpected output: $output"
   say "the consumer project, by pkg-config: $output"
+  # shellcheck disable=SC2046 # Several words.
+  quietly g++ -std=c++20 "$project/two_questions.cpp" -o "$scratch/two_questions" \
+    $(pkg-config --cflags quindle_sdl_ui) -lquindle_dialog_driver $(pkg-config --libs quindle_sdl_ui)
+  output=$(cd "$(pkg-config --variable=dataroot quindle_sdl_ui)" && timeout 30 "$scratch/two_questions")
+  [[ $output = "2 1 -1 step 3 (press the button 3): there is no such button; "* ]] ||
+    fail "unexpected output: $output"
+  say "the driver's test of two questions, by pkg-config: $output"
 }
 
 # has PACKAGE PATTERN...: the package has a file of each pattern. A minimal system may have been told to
