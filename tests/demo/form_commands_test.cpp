@@ -17,6 +17,7 @@
 #include "demo/resource_limits.h"
 #include "demo/run_in_process.h"
 #include "demo_command.h"
+#include "frontend/gui/testing/dialog_driver.h"
 #include "support/dialog_test.h"
 
 namespace quindle::demo {
@@ -286,18 +287,16 @@ TEST_F(FormsInHost, CancelledDialogsRememberAndWriteNothing) {
 
 TEST_F(FormsInHost, ChosenFormatIsRemembered) {
   session_->last_folder = folder_.path();
-  DialogScript script;
-  script.Step([] { testing::Click(360, 233); })
-      .Step([] { testing::Click(360, 337); })
-      .Step([] { testing::Click(261, 297); })
-      .Step([] { KeyDown(SDLK_RETURN); });
-  Json first = Command("screenshot").ShowInHost(*session_);
-  testing::FlushEvents();
-  EXPECT_EQ(first.at("format"), "bmp");
-  EXPECT_EQ(first.at("bmp_rle"), true);
-  const Json second = ShowAndPress("screenshot", SDLK_ESCAPE);
-  EXPECT_EQ(second.at("format"), "bmp");
-  EXPECT_EQ(second.at("bmp_rle"), true);
+  DialogDriver user;
+  user.ChooseFormat(frontend::gui::ScreenshotSaveFormat::Bmp).TickRunLengthEncoding(true).Save();
+  user.PressEscape();
+  for (int i = 0; i < 2; ++i) {
+    const Json result = Command("screenshot").ShowInHost(*session_);
+    EXPECT_EQ(result.at("accepted"), i == 0);
+    EXPECT_EQ(result.at("format"), "bmp");
+    EXPECT_EQ(result.at("bmp_rle"), true);
+  }
+  EXPECT_EQ(user.failure(), "");
 }
 
 }  // namespace

@@ -11,30 +11,17 @@
 
 #include "demo/run_in_process.h"
 #include "frontend/gui/sdl_message_box.h"
+#include "frontend/gui/testing/dialog_driver.h"
 #include "support/call_recorder.h"
 #include "support/dialog_script.h"
 
 namespace quindle::demo {
 namespace {
 
+using frontend::gui::testing::DialogDriver;
 using testing::DialogScript;
 using ::testing::HasSubstr;
 using testing::Recorder;
-
-// Clicks into the middle of a button of a box with `captions`, laid out as the box does it.
-void ClickButton(const std::vector<std::string>& captions, int index) {
-  frontend::gui::SdlMessageBox::Config config;
-  for (const std::string& caption : captions) {
-    config.buttons.push_back({0, caption, false, false, {}});
-  }
-  int width = 0;
-  int height = 0;
-  SDL_GetWindowSize(Recorder().newest_window(), &width, &height);
-  const auto layout =
-      frontend::gui::BuildSdlMessageBoxLayout(config, 1.0F, width, height, nullptr, nullptr);
-  testing::Click(layout.buttonsX + index * (layout.buttonW + layout.buttonGap) + layout.buttonW / 2,
-                 layout.buttonsY + layout.buttonH / 2);
-}
 
 const std::vector<const char*> kYesNo = {"message",       "--type",    "warning",    "--title",
                                          "Overwrite?",    "--message", "It exists.", "--button",
@@ -42,14 +29,19 @@ const std::vector<const char*> kYesNo = {"message",       "--type",    "warning"
 
 class MessageCommand : public ::testing::Test {
  protected:
-  void SetUp() override { Recorder().Reset(); }
+  // The driver wants SDL video; the program shuts it down.
+  void SetUp() override {
+    Recorder().Reset();
+    SDL_Init(SDL_INIT_VIDEO);
+  }
   void TearDown() override { EXPECT_EQ(SDL_WasInit(SDL_INIT_VIDEO), 0U); }
 };
 
 TEST_F(MessageCommand, ClickedButtonIsAccepted) {
-  DialogScript script;
-  script.Wait().Step([] { ClickButton({"Yes", "No"}, 0); });
+  DialogDriver user;
+  user.PressButton(1);
   const Ended ended = RunProgramWith(kYesNo);
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(ended.status, 0);
   EXPECT_EQ(ended.out,
             "{\"dialog\":\"message\",\"accepted\":true,\"button\":1,\"label\":\"Yes\"}\n");
@@ -57,9 +49,10 @@ TEST_F(MessageCommand, ClickedButtonIsAccepted) {
 }
 
 TEST_F(MessageCommand, CancelButtonIsReportedAsCancelled) {
-  DialogScript script;
-  script.Wait().Step([] { ClickButton({"Yes", "No"}, 1); });
+  DialogDriver user;
+  user.PressButton(2);
   const Ended ended = RunProgramWith(kYesNo);
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.out,
             "{\"dialog\":\"message\",\"accepted\":false,\"button\":2,\"label\":\"No\"}\n");
@@ -67,46 +60,48 @@ TEST_F(MessageCommand, CancelButtonIsReportedAsCancelled) {
 }
 
 TEST_F(MessageCommand, EscapeChoosesTheCancelButton) {
-  DialogScript script;
-  script.Wait().Step([] { testing::KeyDown(SDLK_ESCAPE); });
+  DialogDriver user;
+  user.PressEscape();
   const Ended ended = RunProgramWith(kYesNo);
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(ended.status, 1);
   EXPECT_THAT(ended.out, HasSubstr("\"button\":2"));
 }
 
 TEST_F(MessageCommand, ClosedBoxHasNoButton) {
-  DialogScript script;
-  script.Wait().Step([] { testing::CloseWindow(testing::WindowId()); });
+  DialogDriver user;
+  user.Close();
   const Ended ended = RunProgramWith(kYesNo);
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.out,
             "{\"dialog\":\"message\",\"accepted\":false,\"button\":null,\"label\":null}\n");
 }
 
 TEST_F(MessageCommand, ButtonOfIdMinusOneIsNoClosedBox) {
-  DialogScript script;
-  script.Wait().Step([] { ClickButton({"A", "B"}, 0); });
+  DialogDriver user;
+  user.PressButton(-1);
   const Ended ended = RunProgramWith({"message", "--button=-1:A", "--button", "2:B"});
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(ended.status, 0);
   EXPECT_THAT(ended.out, HasSubstr("\"button\":-1,\"label\":\"A\""));
 }
 
 TEST_F(MessageCommand, BoxWithoutButtonsHasOneOk) {
-  DialogScript script;
-  script.Wait().Step([] { testing::KeyDown(SDLK_ESCAPE); });
+  DialogDriver user;
+  user.PressEscape();
   const Ended ended = RunProgramWith({"message"});
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(ended.status, 0);
   EXPECT_THAT(ended.out, HasSubstr("\"button\":1,\"label\":\"OK\""));
 }
 
 TEST_F(MessageCommand, NoEscapeLeavesTheBoxOpen) {
-  DialogScript script;
-  script.Wait().Step([] { testing::KeyDown(SDLK_ESCAPE); }).Wait().Step([] {
-    ClickButton({"OK"}, 0);
-  });
+  DialogDriver user;
+  user.PressEscape().PressButton(1);
   const Ended ended = RunProgramWith({"message", "--no-escape"});
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(ended.status, 0);
-  EXPECT_TRUE(script.IsFinished());
 }
 
 TEST_F(MessageCommand, OptionsReachTheBox) {

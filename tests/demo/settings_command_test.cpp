@@ -14,6 +14,7 @@
 #include "command_table.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
 #include "frontend/gui/settings_dialog.h"
+#include "frontend/gui/testing/dialog_driver.h"
 #include "host_window.h"
 #include "support/dialog_test.h"
 
@@ -21,7 +22,6 @@ namespace quindle::demo {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::DialogScript;
 using testing::DialogTest;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
@@ -63,28 +63,6 @@ std::string Line(int fps, const char* renderer) {
          "\n";
 }
 
-void Press(int x, int y) {
-  testing::MouseDown(x, y, SDL_BUTTON_LEFT, 1, testing::WindowId());
-}
-void PressApply() {
-  Press(760, 460);
-}
-void PressRow(int row) {
-  Press(100, 10 + 30 * row + 15);
-}
-// Clicks into a page at a distance below the top of its content.
-void ClickPage(int below_top) {
-  const auto bold = frontend::gui::OpenSdlUiFontHandle(15, true, frontend::gui::SdlUiFontKind::Ui);
-  const auto regular =
-      frontend::gui::OpenSdlUiFontHandle(15, false, frontend::gui::SdlUiFontKind::Ui);
-  const int top = 46 + TTF_FontHeight(bold.get()) + TTF_FontHeight(regular.get());
-  Recorder().SetPointer(Recorder().newest_window(), 300, top + below_top);
-  Press(300, top + below_top);
-}
-void Escape() {
-  testing::KeyDown(SDLK_ESCAPE, testing::WindowId());
-}
-
 class SettingsCommand : public DialogTest {
  protected:
   fs::path File(const char* name) const { return folder_.path() / name; }
@@ -94,25 +72,21 @@ class SettingsCommand : public DialogTest {
 };
 
 TEST_F(SettingsCommand, PrintsALineForEachApplyAtOnce) {
-  DialogScript script;
-  script.Wait()
-      .Step(&PressApply)
-      .Step([] { PressRow(2); })
-      .Step([] { ClickPage(0); })
-      .Step(&PressApply)
-      .Step([] { PressRow(3); })
-      .Step([] { ClickPage(34); })
-      .Step(&Escape);
+  DialogDriver user;
+  user.Apply().OpenPage("Target FPS").Choose("25 FPS").Apply();
+  user.OpenPage("Renderer").Choose("Software").PressEscape();
   const Ended ended = RunProgramWith({});
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(ended.status, 0);
   EXPECT_EQ(ended.out, Line(50, "hardware") + Line(25, "hardware"));
   EXPECT_EQ(ended.err, "");
 }
 
 TEST_F(SettingsCommand, ClosedWithoutApplyIsCancelledAndSavesNothing) {
-  DialogScript script;
-  script.Wait().Step([] { PressRow(2); }).Step([] { ClickPage(0); }).Step(&Escape);
+  DialogDriver user;
+  user.OpenPage("Target FPS").Choose("25 FPS").PressEscape();
   const Ended ended = RunProgramWith({"--save", File("out.json")});
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.out, "");
   EXPECT_EQ(ended.err, "quindle_dialogs: cancelled\n");
@@ -121,18 +95,14 @@ TEST_F(SettingsCommand, ClosedWithoutApplyIsCancelledAndSavesNothing) {
 
 TEST_F(SettingsCommand, StartsFromAFileAndSavesWhatWasAppliedLast) {
   std::ofstream(File("in.json")) << R"({"renderer_mode": "software", "target_fps": 30})";
-  DialogScript script;
-  script.Wait()
-      .Step([] { PressRow(2); })
-      .Step(&PressApply)
-      .Step([] { ClickPage(102); })
-      .Step([this] {
-        EXPECT_EQ(Contents(File("in.json")), Line(30, "software"));  // Saved at once.
-        PressApply();
-      })
-      .Step([] { ClickPage(34 * 2); })
-      .Step(&Escape);
+  DialogDriver user;
+  user.OpenPage("Target FPS").Apply().Choose("60 FPS");
+  user.Do([this](SDL_Window*) {
+    EXPECT_EQ(Contents(File("in.json")), Line(30, "software"));  // Saved at once.
+  });
+  user.Apply().Choose("50 FPS").PressEscape();
   const Ended ended = RunProgramWith({"--from", File("in.json"), "--save", File("in.json")});
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(ended.status, 0) << ended.err;
   EXPECT_EQ(ended.out, Line(30, "software") + Line(60, "software"));
   EXPECT_EQ(Contents(File("in.json")), Line(60, "software"));
@@ -160,8 +130,8 @@ TEST_F(SettingsCommand, WrongFilesAreWrongUsage) {
 }
 
 TEST_F(SettingsCommand, FileThatCannotBeSavedEndsTheProgramWithAFailure) {
-  DialogScript script;
-  script.Wait().Step(&PressApply);
+  DialogDriver user;
+  user.Apply();
   const Ended ended = RunProgramWith({"--save", File("none") / "out.json"});
   EXPECT_EQ(ended.status, 4);
   EXPECT_EQ(ended.out, Line(50, "hardware"));
@@ -197,32 +167,25 @@ TEST_F(SettingsCommand, DemoWindowKeepsAndObeysTheSettings) {
   EXPECT_EQ(session.status["renderer"], "hardware");
   EXPECT_EQ(session.status["font"], "pixel");
   {
-    DialogScript script;
-    script.Wait()
-        .Step([] { PressRow(2); })
-        .Step([] { ClickPage(0); })
-        .Step([&session] {
-          EXPECT_EQ(session.target_fps, 50) << "obeyed before it was applied";
-          PressApply();
-        })
-        .Step([&session] {
-          EXPECT_EQ(session.target_fps, 25) << "not obeyed at once";
-          PressRow(3);
-        })
-        .Step([] { ClickPage(34); })
-        .Step(&PressApply)
-        .Step([] { PressRow(1); })
-        .Step([] { ClickPage(102); })
-        .Step(&Escape);
+    DialogDriver user;
+    user.OpenPage("Target FPS").Choose("25 FPS").Do([&session](SDL_Window*) {
+      EXPECT_EQ(session.target_fps, 50) << "obeyed before it was applied";
+    });
+    user.Apply().Do(
+        [&session](SDL_Window*) { EXPECT_EQ(session.target_fps, 25) << "not obeyed at once"; });
+    user.OpenPage("Renderer").Choose("Software").Apply();
+    user.OpenPage("Font Mode").Choose("TTF Custom").PressEscape();
     EXPECT_EQ(settings->ShowInHost(session).dump(), R"({"dialog":"settings","applied":2})");
+    EXPECT_EQ(user.failure(), "");
   }
   EXPECT_EQ(session.target_fps, 25);
   EXPECT_EQ(session.status["renderer"], "software");
   EXPECT_EQ(session.status["font"], "pixel") << "what was not applied is dropped";
   testing::FlushEvents();
-  DialogScript script;
-  script.Wait().Step(&PressApply).Step(&Escape);
+  DialogDriver user;
+  user.Apply().PressEscape();
   settings->ShowInHost(session);
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(session.target_fps, 25) << "forgotten between two dialogs";
   EXPECT_EQ(session.status["renderer"], "software");
 }
@@ -233,28 +196,13 @@ TEST_F(SettingsCommand, StatusNamesTheCustomFontFile) {
   DemoSession session;
   session.host = MakeParent();
   settings->AttachToSession(session);
-  DialogScript script;
-  script.Wait()
-      .Step([] { ClickPage(102); })
-      .Step(&PressApply)
-      .Step([&session] {
-        EXPECT_EQ(session.status["font"], "ttf-custom");
-        ClickPage(136 + 20);  // Beside the button.
-      })
-      .Step([] {
-        const SDL_Rect button = Recorder().last_frame().Fills({48, 54, 68, 255}).front();
-        Recorder().SetPointer(Recorder().newest_window(), button.x + 5, button.y + 5);
-        Press(button.x + 5, button.y + 5);
-      })
-      .Wait()
-      .Step([] {
-        testing::KeyDown(SDLK_DOWN);
-        testing::KeyDown(SDLK_RETURN);
-      })
-      .Wait(2)
-      .Step(&PressApply)
-      .Step(&Escape);
+  DialogDriver user;
+  user.Choose("TTF Custom").Apply().Do([&session](SDL_Window*) {
+    EXPECT_EQ(session.status["font"], "ttf-custom");
+  });
+  user.BrowseFont().PickFile("IBMPlexSans-Regular.ttf").Apply().PressEscape();
   settings->ShowInHost(session);
+  EXPECT_EQ(user.failure(), "");
   EXPECT_EQ(session.status["font"], "ttf-custom IBMPlexSans-Regular.ttf");
 }
 
@@ -268,6 +216,25 @@ std::string StatusLine(SDL_Window* host) {
     }
   }
   return "";
+}
+
+void Press(SDL_Point at) {
+  testing::MouseDown(at.x, at.y, SDL_BUTTON_LEFT, 1, testing::WindowId());
+}
+void PressApply() {
+  Press({760, 460});
+}
+void PressRow(int row) {
+  Press({100, 10 + 30 * row + 15});
+}
+// Clicks into a page at a distance below the top of its content.
+void ClickPage(int below_top) {
+  const auto bold = frontend::gui::OpenSdlUiFontHandle(15, true, frontend::gui::SdlUiFontKind::Ui);
+  const auto regular =
+      frontend::gui::OpenSdlUiFontHandle(15, false, frontend::gui::SdlUiFontKind::Ui);
+  const int top = 46 + TTF_FontHeight(bold.get()) + TTF_FontHeight(regular.get());
+  Recorder().SetPointer(Recorder().newest_window(), 300, top + below_top);
+  Press({300, top + below_top});
 }
 
 // Steps that run at the end of each frame of the dialog; the heartbeat is the demo window's own.
@@ -294,7 +261,7 @@ TEST_F(SettingsCommand, DemoWindowSaysAtOnceWhatWasApplied) {
       [&] {
         EXPECT_THAT(draw_and_read(), HasSubstr("font: pixel"));
         EXPECT_THAT(draw_and_read(), HasSubstr("renderer: software"));
-        Escape();
+        testing::KeyDown(SDLK_ESCAPE, testing::WindowId());
         testing::Quit();  // Stays unread by the dialog and ends the demo window.
       },
   };

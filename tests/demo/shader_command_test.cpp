@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
@@ -15,6 +16,7 @@
 #include "command_table.h"
 #include "demo_session.h"
 #include "frontend/gui/shader_parameter_dialog.h"
+#include "frontend/gui/testing/dialog_driver.h"
 #include "shader_view.h"
 #include "support/dialog_test.h"
 
@@ -196,28 +198,27 @@ TEST_F(ShaderInHost, CancelTakesTheAppliedValuesBack) {
   const auto shown_brightness = [](const Json& result) {
     return result.at("values").at(0).at("value").get<double>();
   };
-  const auto show = [&](SDL_Keycode last_key, bool close) {
+  const auto show = [&](const std::function<void(DialogDriver&)>& act) {
     quindle::testing::FlushEvents();
-    DialogScript script;
-    script.Wait(1)
-        .Step([] { quindle::testing::Click(534, 60); })
-        .Step([] { KeyDown(SDLK_RETURN); })
-        .Step([=] {
-          close ? quindle::testing::CloseWindow(quindle::testing::WindowId()) : KeyDown(last_key);
-        });
-    return command->ShowInHost(session);
+    DialogDriver user;
+    act(user);
+    Json result = command->ShowInHost(session);
+    EXPECT_EQ(user.failure(), "");
+    return result;
   };
   const auto peek = [&] {
-    quindle::testing::FlushEvents();
-    DialogScript script;
-    script.Wait(1).Step([] { KeyDown(SDLK_ESCAPE); });
-    return shown_brightness(command->ShowInHost(session));
+    return shown_brightness(show([](DialogDriver& user) { user.PressEscape(); }));
+  };
+  const auto brighten = [](DialogDriver& user) -> DialogDriver& {
+    return user.SetParameter("BRIGHTNESS", 2.0F).Apply();
   };
   EXPECT_EQ(peek(), 1.1) << "the preset's value";
-  EXPECT_FALSE(show(SDLK_ESCAPE, false).at("accepted").get<bool>());
+  const Json escaped = show([&](DialogDriver& user) { brighten(user).PressEscape(); });
+  EXPECT_FALSE(escaped.at("accepted").get<bool>());
   EXPECT_EQ(peek(), 1.1);
-  EXPECT_TRUE(show(SDLK_UNKNOWN, true).at("accepted").get<bool>());
-  EXPECT_GT(peek(), 1.9);
+  const Json closed = show([&](DialogDriver& user) { brighten(user).Close(); });
+  EXPECT_TRUE(closed.at("accepted").get<bool>());
+  EXPECT_EQ(peek(), 2.0);
 }
 
 // What is shipped must fit together: the shader's parameters, the preset's, and the uniforms.

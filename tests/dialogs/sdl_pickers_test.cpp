@@ -10,6 +10,7 @@
 
 #include "dialogs/form_checks.h"
 #include "dialogs/picker_view.h"
+#include "frontend/gui/testing/dialog_driver.h"
 #include "support/dialog_test.h"
 
 namespace quindle::testing {
@@ -17,6 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace frontend::gui;  // NOLINT(google-build-using-namespace)
+using frontend::gui::testing::DialogDriver;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
@@ -139,12 +141,10 @@ TEST_F(PickersTest, RelativeStartGivesARelativeResult) {
 
 TEST_F(PickersTest, AbsoluteStartGivesAnAbsoluteResult) {
   folder_.Write("disk.img", "");
-  const auto show = [this] { return ShowSimpleFloppyFilePicker(nullptr, dir_); };
-  const Showing showing = ShowAndPlay(show, [] {
-    KeyDown(SDLK_DOWN);
-    KeyDown(SDLK_RETURN);
-  });
-  EXPECT_EQ(showing.result, dir_ + "/disk.img");
+  DialogDriver user;
+  user.PickFile("disk.img");
+  EXPECT_EQ(ShowSimpleFloppyFilePicker(nullptr, dir_), dir_ + "/disk.img");
+  EXPECT_EQ(user.failure(), "");
 }
 
 TEST_F(PickersTest, FloppiesAreListedAndLabelled) {
@@ -281,22 +281,11 @@ TEST_F(PickersTest, FolderPickerReturnsTheFolderShown) {
   folder_.Write("sub/x", "");
   FolderPickerOptions options;
   options.start_dir = dir_;
-  const auto show = [&options] { return ShowSimpleFolderPicker(nullptr, options); };
-  EXPECT_EQ(ShowAndPlay(show,
-                        [] {
-                          KeyDown(SDLK_DOWN);
-                          Click(700, 510);
-                        })
-                .result,
-            dir_);
-  EXPECT_EQ(ShowAndPlay(show,
-                        [] {
-                          KeyDown(SDLK_DOWN);
-                          KeyDown(SDLK_RETURN);
-                          Click(700, 510);
-                        })
-                .result,
-            dir_ + "/sub");
+  DialogDriver user;
+  user.PressKey(SDLK_DOWN).SelectFolder().OpenFolder("sub").SelectFolder();
+  EXPECT_EQ(ShowSimpleFolderPicker(nullptr, options), dir_) << "not the one selected in the list";
+  EXPECT_EQ(ShowSimpleFolderPicker(nullptr, options), dir_ + "/sub");
+  EXPECT_EQ(user.failure(), "");
 }
 
 TEST_F(PickersTest, FolderPickerNeedsAWorkingDirectoryOnlyWithoutStart) {
