@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <map>
 
-#include "frontend/gui/testing/push_event.h"
 #include "faults/fault_scenarios.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
+#include "frontend/gui/testing/push_event.h"
 #include "support/dialog_test.h"
 
 namespace quindle::testing {

@@ -5,8 +5,6 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "frontend/gui/testing/input_events.h"
-#include "frontend/gui/testing/push_event.h"
 #include "frontend/gui/about_dialog.h"
 #include "frontend/gui/hdd_create_dialog.h"
 #include "frontend/gui/screenshot_save_dialog.h"
@@ -15,6 +13,8 @@
 #include "frontend/gui/sdl_pickers.h"
 #include "frontend/gui/settings_dialog.h"
 #include "frontend/gui/shader_parameter_dialog.h"
+#include "frontend/gui/testing/input_events.h"
+#include "frontend/gui/testing/push_event.h"
 #include "support/real_function.h"
 
 namespace quindle::testing {
