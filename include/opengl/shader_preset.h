@@ -17,7 +17,7 @@ namespace quindle::opengl {
 /// without `shader0` that says `#reference "other.glslp"` is followed, at most 16 deep and never in
 /// a circle. Whether the shader source exists is not checked. Never throws for a file's content or
 /// state. Callable from any thread.
-/// @param presetPath the preset file
+/// @param presetPath the preset file; on Windows UTF-8, and its separators are the result's
 /// @return the path of the shader source, relative when `presetPath` is; empty when the preset
 /// cannot be read or names none
 QUINDLE_OPENGL_EXPORT std::string ResolveGlslpFirstPass(const std::string& presetPath);

@@ -16,7 +16,8 @@ namespace quindle::utils {
 /// @param contents receives the bytes on success and is left alone otherwise
 /// @param error receives the caller's wording on failure and is left alone on success
 /// @param openError stored when the file cannot be opened or is no regular file (directory, FIFO,
-/// device, socket, dangling link); null stores an empty text
+/// device, socket, dangling link; on Windows also a name such as NUL or COM1, and a file that
+/// another process does not share); null stores an empty text
 /// @param readError stored when reading fails or the file is larger than 64 MiB; null stores an
 /// empty text
 /// @return whether the file was read

@@ -50,11 +50,9 @@ inline std::filesystem::path with_separators_of(const std::filesystem::path& mod
 inline std::filesystem::path join_paths(const std::filesystem::path& folder,
                                         const std::filesystem::path& name) {
   std::wstring units = (folder / name).native();
-  const std::wstring& before = folder.native();
-  const bool joined = !before.empty() && units.starts_with(before) &&
-                      units.size() == before.size() + 1 + name.native().size();
+  const bool joined = units.size() == folder.native().size() + 1 + name.native().size();
   if (joined && !is_written_with_backslashes(folder)) {
-    units[before.size()] = L'/';
+    units[folder.native().size()] = L'/';
   }
   return units;
 }
@@ -65,8 +63,9 @@ inline std::filesystem::path parent_folder(const std::filesystem::path& folder) 
   }
   std::wstring parent = folder.parent_path().native();
   // Without its separator the root of "\\?\C:\games" would be the drive's device.
-  if (parent.ends_with(L':') && folder.native()[parent.size()] == L'\\') {
-    parent.push_back(L'\\');
+  const wchar_t next = folder.native()[parent.size()];
+  if (parent.ends_with(L':') && is_windows_separator(next)) {
+    parent.push_back(next);
   }
   return parent;
 }

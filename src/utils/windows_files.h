@@ -15,7 +15,7 @@ namespace quindle::utils {
 // know which names are devices: those begin with "\\.\".
 inline std::wstring absolute_windows_path(const std::filesystem::path& path) {
   // What follows a NUL would be cut off, and another file meant.
-  if (path.empty() || path.native().find(L'\0') != std::wstring::npos) {
+  if (path.native().find(L'\0') != std::wstring::npos) {
     return {};
   }
   std::wstring absolute;

@@ -12,6 +12,7 @@
 #include "utils/file_utils.h"
 #include "utils/path_text.h"
 #include "windows/deep_folder.h"
+#include "windows/import_patch.h"
 
 namespace quindle::testing {
 namespace {
@@ -63,10 +64,34 @@ TEST(ReadTextFileOnWindows, CannotOpenDevicesWhateverTheyAreCalled) {
     EXPECT_EQ(Read(folder.path() / name), kCannotOpen) << name;
   }
   for (const char* name : {"\\\\.\\NUL", "\\\\.\\COM1", "\\\\.\\CON", "\\\\.\\pipe\\none",
-                           "\\\\.\\PhysicalDrive0", "//./NUL", "\\\\?\\pipe\\none"}) {
+                           "\\\\.\\PhysicalDrive0", "//./NUL", "\\\\?\\pipe\\none", "\\\\?\\NUL",
+                           "\\\\?\\COM1", "\\\\?\\GLOBALROOT\\Device\\Null"}) {
     EXPECT_EQ(Read(name), kCannotOpen) << name;
   }
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}
+
+int g_opened = 0;
+
+HANDLE WINAPI CountOpened(LPCWSTR name, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
+                          DWORD disposition, DWORD flags, HANDLE model) {
+  ++g_opened;
+  return CreateFileW(name, access, share, security, disposition, flags, model);
+}
+
+// Opening a device can do something: wait for a line, take a console's input.
+TEST(ReadTextFileOnWindows, DoesNotEvenOpenWhatIsNoRegularFile) {
+  const TemporaryDirectory folder;
+  const fs::path file = folder.Write("a", "text");
+  const ImportPatch count("libquindle_utils.dll", "CreateFileW",
+                          reinterpret_cast<void*>(&CountOpened));
+  for (const fs::path& path : {fs::path("NUL"), fs::path("COM1"), folder.path() / "CON.txt",
+                               fs::path("\\\\.\\pipe\\none"), folder.path()}) {
+    EXPECT_EQ(Read(path), kCannotOpen) << path;
+  }
+  EXPECT_EQ(g_opened, 0);
+  Read(file);
+  EXPECT_EQ(g_opened, 1);
 }
 
 TEST(ReadTextFileOnWindows, CannotOpenAPipe) {
@@ -124,8 +149,10 @@ TEST(ReadTextFileOnWindows, CannotReadMoreThanSixtyFourMebibytes) {
   const fs::path file = folder.Write("a", "x");
   fs::resize_file(file, kLargestFile);
   EXPECT_EQ(Read(file).size(), kLargestFile);
-  fs::resize_file(file, kLargestFile + 1);
-  EXPECT_EQ(Read(file), kCannotRead);
+  for (const std::uintmax_t size : {kLargestFile + 1, kLargestFile * 16}) {
+    fs::resize_file(file, size);
+    EXPECT_EQ(Read(file), kCannotRead) << size;
+  }
 }
 
 TEST(ReadTextFileOnWindows, ReadsBeyondTheLimitOfPaths) {

@@ -289,6 +289,23 @@ TEST_P(ModalDialogOnWindows, LetsTheParentTakeInputBeforeItGoes) {
   EXPECT_THAT(DestroyedWindows::OwnerTookInput(), ::testing::ElementsAre(true));
 }
 
+SDL_Window* g_raised = nullptr;
+bool g_raised_took_input = false;
+
+void SDLCALL RaiseAndRemember(SDL_Window* window) {
+  g_raised = window;
+  g_raised_took_input = IsWindowEnabled(HandleOf(window)) != 0;
+  SDL_RaiseWindow(window);
+}
+
+TEST_P(ModalDialogOnWindows, LetsTheParentTakeInputBeforeItIsRaised) {
+  const ImportPatch raise(kLibrary, "SDL_RaiseWindow", reinterpret_cast<void*>(&RaiseAndRemember));
+  const Steps steps({[] {}});
+  GetParam().show(parent_);
+  EXPECT_EQ(g_raised, parent_);
+  EXPECT_TRUE(g_raised_took_input);
+}
+
 TEST_F(ModalOnWindows, ABoxWithoutFontsGivesTheParentBack) {
   const auto open_none = [](const char* /*file*/, int /*size*/) -> TTF_Font* { return nullptr; };
   TTF_Font*(SDLCALL* const function)(const char*, int) = open_none;
@@ -407,6 +424,29 @@ TEST_F(ModalOnWindows, ABundleGivesTheParentBackWhenItIsReleased) {
   RestoreModalParentFocus(parent_);
   bundle = {};
   ExpectHostIsBack();
+}
+
+int g_event_watches = 0;
+
+void SDLCALL AddCountedWatch(SDL_EventFilter filter, void* user_data) {
+  ++g_event_watches;
+  SDL_AddEventWatch(filter, user_data);
+}
+
+void SDLCALL RemoveCountedWatch(SDL_EventFilter filter, void* user_data) {
+  --g_event_watches;
+  SDL_DelEventWatch(filter, user_data);
+}
+
+TEST_F(ModalOnWindows, NothingWatchesTheEventsOfADialogThatHasGone) {
+  const ImportPatch add(kLibrary, "SDL_AddEventWatch", reinterpret_cast<void*>(&AddCountedWatch));
+  const ImportPatch remove(kLibrary, "SDL_DelEventWatch",
+                           reinterpret_cast<void*>(&RemoveCountedWatch));
+  for (const Dialog& dialog : kDialogs) {
+    const Steps steps({[] { EXPECT_GT(g_event_watches, 0); }});
+    dialog.show(parent_);
+    EXPECT_EQ(g_event_watches, 0) << dialog.name;
+  }
 }
 
 TEST_F(ModalOnWindows, WithoutAParentNobodyIsDisabled) {

@@ -14,6 +14,7 @@
 #include "opengl/shader_preset.h"
 #include "support/temporary_directory.h"
 #include "utils/path_text.h"
+#include "utils/windows_files.h"
 #include "windows/deep_folder.h"
 #include "windows/names_of_many_scripts.h"
 
@@ -167,6 +168,21 @@ TEST(ShaderFiles, AreReadByTheirUtf8Names) {
   EXPECT_THAT(ParseGlslpParameterOverrides(text_from_path(preset)), SizeIs(1));
 }
 
+// Not every Windows has a limit, and Wine has none.
+TEST(SystemName, HasNoLimitWhereThePathIsLong) {
+  using utils::unlimited_windows_path;
+  const std::wstring tail(300, L'n');
+  EXPECT_EQ(unlimited_windows_path(L"C:\\" + tail), L"\\\\?\\C:\\" + tail);
+  EXPECT_EQ(unlimited_windows_path(L"\\\\server\\share\\" + tail),
+            L"\\\\?\\UNC\\server\\share\\" + tail);
+  EXPECT_EQ(unlimited_windows_path(L"\\\\?\\C:\\" + tail), L"\\\\?\\C:\\" + tail);
+  EXPECT_EQ(unlimited_windows_path(L"\\\\.\\C:\\" + tail), L"\\\\.\\C:\\" + tail);
+  EXPECT_EQ(unlimited_windows_path(L"C:\\short"), L"C:\\short");
+  // A folder must leave room for a name of twelve.
+  EXPECT_EQ(unlimited_windows_path(L"C:\\" + std::wstring(244, L'n')).size(), 247U);
+  EXPECT_EQ(unlimited_windows_path(L"C:\\" + std::wstring(245, L'n')).size(), 252U);
+}
+
 // --- Rows ----------------------------------------------------------------------------------------
 
 TEST(PickerRows, HaveNamesOfEveryScript) {
@@ -215,6 +231,8 @@ TEST(PickerRows, LeadUpToTheRootAndNoFarther) {
   EXPECT_EQ(ParentRowOf("\\\\server\\share\\games"), "\\\\server\\share");
   EXPECT_EQ(ParentRowOf("//server/share/games"), "//server/share");
   EXPECT_EQ(ParentRowOf("\\\\?\\C:\\windows"), "\\\\?\\C:\\");
+  EXPECT_EQ(ParentRowOf("//?/C:/windows"), "//?/C:/");
+  EXPECT_EQ(ParentRowOf("C:windows"), "C:");
   for (const char* root :
        {"C:\\", "C:/", "C:", "\\", "/", "\\\\server\\share", "//server/share",
         "\\\\server\\share\\", "\\\\?\\C:\\", "\\\\?\\C:", "\\\\?\\UNC\\server\\share"}) {

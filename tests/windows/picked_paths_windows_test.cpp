@@ -100,17 +100,19 @@ TEST_P(PickedPath, IsThatOfADeepFolder) {
 }
 
 TEST_P(PickedPath, BecomesTheTargetOfADiskImage) {
-  (void)folder_.MakeFolder(path_from_text(kFolderName));
+  const fs::path folder =
+      folder_.MakeFolder(path_from_text(kFolderName) / path_from_text("ディスク"));
+  const std::string start = InForm(Root() + "/" + kFolderName);
   DialogDriver driver;
-  driver.ChooseFolder().OpenFolder(kFolderName).SelectFolder().EnterFileName("a.img").Create();
-  const HddCreateDialogResult result = ShowSimpleHddCreateDialog(nullptr, Root(), 1);
+  driver.ChooseFolder().OpenFolder("ディスク").SelectFolder().EnterFileName("a.img").Create();
+  const HddCreateDialogResult result = ShowSimpleHddCreateDialog(nullptr, start, 1);
   EXPECT_EQ(driver.failure(), "");
   ASSERT_TRUE(result.accepted);
-  EXPECT_EQ(result.folder, InForm(Root() + "/" + kFolderName));
+  EXPECT_EQ(result.folder, InForm(start + "/ディスク"));
   const std::string target = BuildHddCreateTargetPath(result.folder, result.file_name);
-  EXPECT_EQ(target, InForm(Root() + "/" + kFolderName + "/a.img"));
+  EXPECT_EQ(target, InForm(start + "/ディスク/a.img"));
   EXPECT_TRUE(MakeFile(target));
-  EXPECT_TRUE(fs::exists(folder_.path() / path_from_text(kFolderName) / "a.img"));
+  EXPECT_TRUE(fs::exists(folder / "a.img"));
 }
 
 TEST_P(PickedPath, BecomesTheTargetOfAScreenshot) {

@@ -82,9 +82,9 @@ QUINDLE_SDL_UI_EXPORT unsigned int ParseHddCreateSizeMbOrDefault(const std::stri
                                                                  unsigned int fallback);
 
 /// Joins folder and file name of an image. No extension is added.
-/// @param folder the folder, as its bytes; empty counts as "."
-/// @param fileName the file's name, as its bytes; empty counts as "disk.img"
-/// @return the path, as its bytes; `fileName` alone when that is absolute
+/// @param folder the folder, as text: its bytes, on Windows UTF-8; empty counts as "."
+/// @param fileName the file's name, as text; empty counts as "disk.img"
+/// @return the path, as text with the folder's separators; `fileName` alone when that is absolute
 QUINDLE_SDL_UI_EXPORT std::string BuildHddCreateTargetPath(const std::string& folder,
                                                            const std::string& fileName);
 

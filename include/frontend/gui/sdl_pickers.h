@@ -1,7 +1,8 @@
 #pragma once
 
 /// File and folder pickers. Each Show function blocks, on the thread that owns SDL video, until the
-/// user accepts or cancels.
+/// user accepts or cancels. A path as text is the file system's bytes; on Windows it is UTF-8, with
+/// "/" or "\" as the start directory has it, and what has no such text is not listed.
 
 #include <SDL.h>
 
@@ -17,7 +18,7 @@ namespace quindle::frontend::gui {
 
 /// One row of a picker.
 struct PickerEntry {
-  std::string name;  ///< Last component of `path`, bytes as the file system gives them; or "..".
+  std::string name;            ///< Last component of `path`, as text; or "..".
   std::filesystem::path path;  ///< The listed directory joined with `name`; for "..", its parent.
   bool is_directory = false;   ///< True for directories (links to them included) and for "..".
 };
@@ -89,7 +90,7 @@ struct SdlPickerDialogOptions {
 /// Runs the generic picker.
 /// @param parent the window to be modal for; may be null
 /// @param options what the picker shows
-/// @return the chosen file, or in folder mode the directory shown, as its bytes and in the form
+/// @return the chosen file, or in folder mode the directory shown, as text and in the form
 /// that the start directory had; empty when cancelled or when no window could be made
 QUINDLE_SDL_UI_EXPORT std::string RunSimplePickerDialog(SDL_Window* parent,
                                                         const SdlPickerDialogOptions& options);
@@ -135,7 +136,7 @@ QUINDLE_SDL_UI_EXPORT void DrawSimpleModalText(SDL_Renderer* renderer, const cha
 /// Lets the user choose a floppy image (".ima", ".img").
 /// @param parent the window to be modal for; may be null
 /// @param startDir shown first, as SdlPickerDialogOptions::start_dir; empty means "floppies"
-/// @return the chosen path, as its bytes, relative when `startDir` is; empty when cancelled or when
+/// @return the chosen path, as text, relative when `startDir` is; empty when cancelled or when
 /// no window could be made
 QUINDLE_SDL_UI_EXPORT std::string ShowSimpleFloppyFilePicker(SDL_Window* parent,
                                                              const std::string& startDir);
@@ -165,7 +166,7 @@ struct FolderPickerOptions {
 /// empty and the working directory cannot be determined.
 /// @param parent the window to be modal for; may be null
 /// @param options texts and start folder
-/// @return the folder that was shown when the accept button was pressed, as its bytes; empty when
+/// @return the folder that was shown when the accept button was pressed, as text; empty when
 /// cancelled or when no window could be made
 QUINDLE_SDL_UI_EXPORT std::string ShowSimpleFolderPicker(SDL_Window* parent,
                                                          const FolderPickerOptions& options);
