@@ -3,9 +3,10 @@
 //
 //   slow_window_manager MILLISECONDS          the pause; -1 never maps those frames
 //   slow_window_manager MILLISECONDS --old    without the properties of newer window managers
+//   slow_window_manager ... --activates       gives the focus to a window that asks for it
 //
-// SIGUSR1 hides all frames, as a change of the desktop does: their windows stay mapped in them. It
-// gives the focus to ordinary windows when they appear and to nothing else.
+// SIGUSR1 hides all frames, as a change of the desktop does: their windows stay mapped in them.
+// Otherwise it gives the focus to ordinary windows when they appear and to nothing else.
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
@@ -13,6 +14,7 @@
 #include <poll.h>
 #include <signal.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <map>
@@ -33,7 +35,8 @@ int PassOver(Display*, XErrorEvent*) {
 
 class SlowWindowManager {
  public:
-  SlowWindowManager(int pause_ms, bool old) : display_(XOpenDisplay(nullptr)), pause_ms_(pause_ms) {
+  SlowWindowManager(int pause_ms, bool old, bool activates)
+      : display_(XOpenDisplay(nullptr)), pause_ms_(pause_ms), activates_(activates) {
     if (display_ == nullptr) {
       std::exit(1);
     }
@@ -81,6 +84,9 @@ class SlowWindowManager {
         break;
       case ConfigureRequest:
         Configure(event.xconfigurerequest);
+        break;
+      case ClientMessage:
+        Activate(event.xclient);
         break;
       case UnmapNotify:
         Forget(event.xunmap.window);
@@ -139,6 +145,12 @@ class SlowWindowManager {
                     reinterpret_cast<const unsigned char*>(state), 2);
   }
 
+  void Activate(const XClientMessageEvent& message) {
+    if (activates_ && message.message_type == Intern("_NET_ACTIVE_WINDOW")) {
+      XSetInputFocus(display_, message.window, RevertToPointerRoot, CurrentTime);
+    }
+  }
+
   void Configure(const XConfigureRequestEvent& request) {
     XWindowChanges changes{};
     changes.x = request.x;
@@ -177,6 +189,7 @@ class SlowWindowManager {
 
   Display* display_;
   int pause_ms_;
+  bool activates_;
   Window root_ = 0;
   std::map<Window, Window> frames_;  // By the window in them.
 };
@@ -184,9 +197,14 @@ class SlowWindowManager {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  const auto is_asked_for = [argc, argv](const char* option) {
+    return std::any_of(argv, argv + argc, [option](const char* argument) {
+      return std::strcmp(argument, option) == 0;
+    });
+  };
   struct sigaction action {};
   action.sa_handler = &AskToHide;
   sigaction(SIGUSR1, &action, nullptr);
-  const bool old = argc > 2 && std::strcmp(argv[2], "--old") == 0;
-  SlowWindowManager(argc > 1 ? std::atoi(argv[1]) : 0, old).Run();
+  const int pause_ms = argc > 1 ? std::atoi(argv[1]) : 0;
+  SlowWindowManager(pause_ms, is_asked_for("--old"), is_asked_for("--activates")).Run();
 }

@@ -412,6 +412,13 @@ class FullScreenX11 : public HostX11, public WithParamInterface<NamedDialog> {
     PumpX11Until("the host fills the screen", [this] { return FillsTheScreen(); });
   }
 
+  // SDL3 may end the program when it destroys a window that fills the screen.
+  void TearDown() override {
+    SDL_SetWindowFullscreen(Parent(), 0);
+    PumpX11Until("the host has left the full screen", [this] { return !FillsTheScreen(); });
+    HostX11::TearDown();
+  }
+
   bool FillsTheScreen() const {
     const SDL_Rect area = X11WindowGeometry(ParentId());
     const std::string state = X11Property(ParentId(), "_NET_WM_STATE");

@@ -40,6 +40,13 @@ void PushQuit() {
   SDL_PushEvent(&quit);
 }
 
+// SDL on top of SDL3 leaves it to the window manager. It shows in the version alone.
+bool AsksWindowManagerForFocus() {
+  SDL_version version{};
+  SDL_GetVersion(&version);
+  return SDL_VERSIONNUM(version.major, version.minor, version.patch) >= SDL_VERSIONNUM(2, 32, 50);
+}
+
 std::string MapStateOf(X11WindowId window) {
   return RunX11Tool({"xwininfo", "-id", std::to_string(window)});
 }
@@ -48,6 +55,9 @@ class SlowWindowManager : public testing::X11DialogTest {
  protected:
   static void Start(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), QUINDLE_SLOW_WINDOW_MANAGER);
+    if (AsksWindowManagerForFocus()) {
+      arguments.emplace_back("--activates");
+    }
     StartDisplay(arguments);
   }
 
