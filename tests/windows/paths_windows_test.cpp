@@ -199,6 +199,20 @@ TEST(PickerRows, HaveNamesOfEveryScript) {
                                           kBeyondPlane0Name));
 }
 
+TEST(PickerRows, AreFoldersThenAcceptedFilesByName) {
+  const TemporaryDirectory folder;
+  for (const char* name : {"b.IMG", "A.ima", "c.txt", ".hidden/x"}) {
+    folder.Write(name, "");
+  }
+  (void)folder.MakeFolder("Zed.txt");
+  std::vector<std::string> names;
+  for (const PickerEntry& row : Floppies(folder.path())) {
+    names.push_back(row.name + (row.is_directory ? "/" : ""));
+  }
+  EXPECT_THAT(names, ElementsAre("../", ".hidden/", "Zed.txt/", "A.ima", "b.IMG"));
+  EXPECT_THAT(ReadFolderPickerEntries(folder.path()), SizeIs(3));
+}
+
 TEST(PickerRows, KeepTheFormOfTheFolder) {
   const TemporaryDirectory folder;
   folder.Write("games/a.img", "");
