@@ -11,10 +11,14 @@
 #include <sstream>
 #include <utility>
 
+#include "support/x11_pointer.h"
+
 namespace quindle::testing {
 namespace {
 
 constexpr std::chrono::seconds kPatience{10};
+// On a busy machine the second click of two may come late.
+constexpr const char* kDoubleClickTime = "SDL_MOUSE_DOUBLE_CLICK_TIME";
 
 std::optional<std::string> GetVariable(const char* name) {
   const char* value = std::getenv(name);
@@ -126,6 +130,7 @@ X11Display::X11Display(const std::vector<std::string>& window_manager)
   server_ = StartServer(&name_);
   PutVariable("DISPLAY", name_);
   PutVariable("SDL_VIDEODRIVER", "x11");
+  PutVariable(kDoubleClickTime, "5000");
   if (!window_manager.empty()) {
     window_manager_ = std::make_unique<WindowManager>(window_manager);
   }
@@ -136,6 +141,7 @@ X11Display::~X11Display() {
   server_.reset();
   PutVariable("DISPLAY", former_display_);
   PutVariable("SDL_VIDEODRIVER", former_driver_);
+  PutVariable(kDoubleClickTime, std::nullopt);
 }
 
 std::string RunX11Tool(const std::vector<std::string>& command) {
@@ -253,10 +259,12 @@ void TurnWheelAt(X11WindowId window, int x, int y, int notches) {
 }
 
 void PressKey(const std::string& key) {
+  WaitForFreePointer();
   RunXdotool({"key", key});
 }
 
 void TypeText(const std::string& text) {
+  WaitForFreePointer();
   RunXdotool({"type", "--delay", "12", "--", text});
 }
 
