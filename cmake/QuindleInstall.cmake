@@ -47,6 +47,8 @@ if(TARGET quindle_dialogs)
   install(TARGETS quindle_dialogs RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT demo)
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/data/shaders"
           DESTINATION "${QUINDLE_INSTALL_DATADIR}/data" COMPONENT demo)
+endif()
+if(TARGET quindle_dialogs AND NOT WIN32)
   install(FILES "${packaging}/quindle_dialogs.desktop"
           DESTINATION "${CMAKE_INSTALL_DATADIR}/applications" COMPONENT demo)
   install(FILES "${packaging}/quindle_dialogs.svg"
