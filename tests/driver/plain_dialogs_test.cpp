@@ -23,15 +23,15 @@
 #include "frontend/gui/settings_dialog.h"
 #include "frontend/gui/shader_parameter_dialog.h"
 #include "frontend/gui/testing/dialog_driver.h"
-#include "support/input_events.h"
+#include "frontend/gui/testing/input_events.h"
 #include "support/temporary_directory.h"
 #include "utils/path_text.h"
 
 namespace quindle::testing {
 namespace {
 
-using namespace frontend::gui;  // NOLINT(google-build-using-namespace)
-using frontend::gui::testing::DialogDriver;
+using namespace frontend::gui;           // NOLINT(google-build-using-namespace)
+using namespace frontend::gui::testing;  // NOLINT(google-build-using-namespace)
 
 constexpr Uint32 kNoWindow = 0;
 constexpr Uint32 kMoreThanAnyWindow = 500;
