@@ -1,14 +1,15 @@
 #include "support/x11_pointer.h"
 
-#include <memory>
-
-#include "support/x11_display.h"
-
-// Last: Xlib's macros would break the headers above.
 #include <X11/Xlib.h>
+
+#include <chrono>
+#include <memory>
+#include <thread>
 
 namespace quindle::testing {
 namespace {
+
+constexpr std::chrono::seconds kPatience{2};
 
 struct CloseDisplay {
   void operator()(Display* display) const { XCloseDisplay(display); }
@@ -27,9 +28,11 @@ bool GrabPointer(Display* display) {
 }  // namespace
 
 void WaitForFreePointer() {
+  using Clock = std::chrono::steady_clock;
   const std::unique_ptr<Display, CloseDisplay> display(XOpenDisplay(nullptr));
-  if (display != nullptr) {
-    WaitForX11Step("the pointer is free", [&display] { return GrabPointer(display.get()); });
+  const Clock::time_point deadline = Clock::now() + kPatience;
+  while (display != nullptr && !GrabPointer(display.get()) && Clock::now() < deadline) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
   }
 }
 
