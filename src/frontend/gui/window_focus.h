@@ -14,8 +14,9 @@ void ShowFocusedWindow(SDL_Window* window);
 void FocusShownWindow(SDL_Window* window);
 
 // Called once a frame by the innermost dialog: asks for the focus again where the window was too
-// late on the screen to get it, and takes back a focus that went to a window it is modal for. A window manager that keeps the modal state never lets it come to that; but some that name
-// the state among what they support do not keep it, so only what really happens counts.
+// late on the screen to get it, and takes back a focus that went to a window it is modal for. A
+// window manager that keeps the modal state never lets it come to that; but some that name the
+// state among what they support do not keep it, so only what really happens counts.
 void KeepFocusOnWindow(SDL_Window* window);
 
 }  // namespace quindle::frontend::gui
