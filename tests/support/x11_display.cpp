@@ -11,7 +11,7 @@
 #include <sstream>
 #include <utility>
 
-#include "support/x11_pointer.h"
+#include "support/x11_requests.h"
 
 namespace quindle::testing {
 namespace {
@@ -270,7 +270,7 @@ void TypeText(const std::string& text) {
 
 void CloseByWindowManager(X11WindowId window) {
   WaitForX11Focus(window);
-  PressKey("alt+F4");
+  AskToCloseX11Window(window);
 }
 
 void SaveX11Screenshot(X11WindowId window, const std::string& path) {

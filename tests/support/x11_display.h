@@ -120,7 +120,8 @@ void TurnWheelAt(X11WindowId window, int x, int y, int notches);
 void PressKey(const std::string& key);
 /// Types a text, key by key, into the window that has the focus.
 void TypeText(const std::string& text);
-/// Closes the window that has the focus as a user does, through the window manager.
+/// Waits until the window has the focus, and has the window manager close it, as its title bar
+/// does.
 void CloseByWindowManager(X11WindowId window);
 
 /// Saves what the window shows as a PNG file.

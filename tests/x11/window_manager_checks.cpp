@@ -197,7 +197,8 @@ class Checks {
     const X11WindowId box = OpenFocused(kBoxKey, kBoxTitle);
     // Twm asks the pointer which window is meant.
     testing::MovePointerTo(box, kHostCorner.x, kHostCorner.y);
-    testing::CloseByWindowManager(box);
+    testing::WaitForX11Focus(box);
+    PressKey("alt+F4");
     WaitForX11WindowGone(kBoxTitle);
     WaitForKeys(host_);
   }

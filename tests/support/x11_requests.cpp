@@ -1,4 +1,4 @@
-#include "support/x11_pointer.h"
+#include "support/x11_requests.h"
 
 #include <X11/Xlib.h>
 
@@ -14,6 +14,7 @@ constexpr std::chrono::seconds kPatience{2};
 struct CloseDisplay {
   void operator()(Display* display) const { XCloseDisplay(display); }
 };
+using OwnedDisplay = std::unique_ptr<Display, CloseDisplay>;
 
 bool GrabPointer(Display* display) {
   const bool grabbed = XGrabPointer(display, DefaultRootWindow(display), True, 0, GrabModeAsync,
@@ -29,11 +30,25 @@ bool GrabPointer(Display* display) {
 
 void WaitForFreePointer() {
   using Clock = std::chrono::steady_clock;
-  const std::unique_ptr<Display, CloseDisplay> display(XOpenDisplay(nullptr));
+  const OwnedDisplay display(XOpenDisplay(nullptr));
   const Clock::time_point deadline = Clock::now() + kPatience;
   while (display != nullptr && !GrabPointer(display.get()) && Clock::now() < deadline) {
     std::this_thread::sleep_for(std::chrono::milliseconds(5));
   }
+}
+
+void AskToCloseX11Window(unsigned long window) {
+  const OwnedDisplay display(XOpenDisplay(nullptr));
+  if (display == nullptr) {
+    return;
+  }
+  XEvent request{};
+  request.xclient.type = ClientMessage;
+  request.xclient.window = window;
+  request.xclient.message_type = XInternAtom(display.get(), "_NET_CLOSE_WINDOW", False);
+  request.xclient.format = 32;
+  XSendEvent(display.get(), DefaultRootWindow(display.get()), False,
+             SubstructureRedirectMask | SubstructureNotifyMask, &request);
 }
 
 }  // namespace quindle::testing

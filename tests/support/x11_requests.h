@@ -1,6 +1,6 @@
 #pragma once
 
-// What the tests ask X11 of the pointer, apart because Xlib's macros break other headers.
+// What the tests ask of X11 by its own calls, apart because Xlib's macros break other headers.
 
 namespace quindle::testing {
 
@@ -8,5 +8,8 @@ namespace quindle::testing {
 // captured the pointer goes on to hold it. Some window managers look at each click before its
 // window gets it; a key that is pressed meanwhile would get there first.
 void WaitForFreePointer();
+
+// Asks the window manager to close a window, as its title bar does.
+void AskToCloseX11Window(unsigned long window);
 
 }  // namespace quindle::testing
