@@ -24,6 +24,7 @@
 #include "frontend/gui/shader_parameter_dialog.h"
 #include "frontend/gui/testing/dialog_driver.h"
 #include "frontend/gui/testing/input_events.h"
+#include "frontend/gui/testing/push_event.h"
 #include "support/temporary_directory.h"
 #include "utils/path_text.h"
 
@@ -45,8 +46,8 @@ Uint32 NewestWindow() {
   return newest;
 }
 
-void Push(SDL_Event event) {
-  SDL_PushEvent(&event);
+void Push(const SDL_Event& event) {
+  ASSERT_EQ(PushEvent(event), 1) << SDL_GetError();
 }
 
 // A step a frame while a dialog is open; behind the last one the dialog is closed.
