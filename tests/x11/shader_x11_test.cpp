@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "command_table.h"
@@ -179,6 +180,20 @@ double GuestBrightness(X11WindowId host, const TemporaryDirectory& folder) {
                                "-format", "%[fx:mean]", "info:"}));
 }
 
+// Once it stays the same: where a dialog was, the window is empty until its next frame.
+double SteadyGuestBrightness(X11WindowId host, const TemporaryDirectory& folder) {
+  double brightness = GuestBrightness(host, folder);
+  int alike = 0;
+  WaitUntil(
+      [&] {
+        const double former = std::exchange(brightness, GuestBrightness(host, folder));
+        alike = std::abs(brightness - former) < 0.01 * former ? alike + 1 : 0;
+        return alike == 3;
+      },
+      std::chrono::seconds(10));
+  return brightness;
+}
+
 // Opens the dialog from the demo window, sets the brightness to its least, applies it and closes
 // the dialog; returns the guest picture's brightness afterwards divided by that before.
 double DimTheGuest(const std::vector<std::string>& command, const TemporaryDirectory& folder) {
@@ -199,7 +214,7 @@ double DimTheGuest(const std::vector<std::string>& command, const TemporaryDirec
     WaitForX11Focus(host);
   };
   use_dialog(false);
-  const double before = GuestBrightness(host, folder);
+  const double before = SteadyGuestBrightness(host, folder);
   use_dialog(true);
   double ratio = 1.0;
   // The next frame of the guest shows it; without OpenGL nothing changes however long one waits.
