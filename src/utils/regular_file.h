@@ -9,6 +9,8 @@
 namespace quindle::utils {
 
 inline constexpr std::size_t kMaxTextFileBytes = std::size_t{64} * 1024 * 1024;
+// What is read at a time.
+inline constexpr std::size_t kChunkBytes = std::size_t{64} * 1024;
 
 enum class ReadOutcome { Done, CannotOpen, CannotRead };
 

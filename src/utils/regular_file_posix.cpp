@@ -11,8 +11,6 @@
 namespace quindle::utils {
 namespace {
 
-constexpr std::size_t kChunkBytes = std::size_t{64} * 1024;
-
 // Sole owner of a file descriptor; negative when the file could not be opened.
 class FileDescriptor {
  public:

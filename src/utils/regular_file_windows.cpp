@@ -9,37 +9,15 @@
 namespace quindle::utils {
 namespace {
 
-constexpr std::size_t kChunkBytes = std::size_t{64} * 1024;
-
-// Sole owner of an open file.
-class FileHandle {
- public:
-  explicit FileHandle(HANDLE handle) : handle_(handle) {}
-  FileHandle(const FileHandle&) = delete;
-  FileHandle& operator=(const FileHandle&) = delete;
-  FileHandle(FileHandle&&) = delete;
-  FileHandle& operator=(FileHandle&&) = delete;
-  ~FileHandle() {
-    if (is_open()) {
-      CloseHandle(handle_);
-    }
-  }
-  [[nodiscard]] bool is_open() const { return handle_ != INVALID_HANDLE_VALUE; }
-  [[nodiscard]] HANDLE get() const { return handle_; }
-
- private:
-  HANDLE handle_;
-};
-
 // Others may go on writing to the file, rename and delete it; who does not share it cannot be read.
-FileHandle OpenForReading(const std::wstring& path) {
+OwnedWindowsFile OpenForReading(const std::wstring& path) {
   constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  return FileHandle(CreateFileW(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
-                                FILE_ATTRIBUTE_NORMAL, nullptr));
+  return OwnedWindowsFile(CreateFileW(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 // Reads on whatever size the file reports: it may grow meanwhile.
-bool ReadToEnd(const FileHandle& file, std::string& bytes) {
+bool ReadToEnd(const OwnedWindowsFile& file, std::string& bytes) {
   std::array<char, kChunkBytes> chunk{};
   for (;;) {
     DWORD count = 0;
@@ -70,8 +48,8 @@ ReadOutcome read_regular_file(const std::filesystem::path& path, std::string& by
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
     return ReadOutcome::CannotOpen;
   }
-  const FileHandle file = OpenForReading(name);
-  if (!file.is_open() || GetFileType(file.get()) != FILE_TYPE_DISK) {
+  const OwnedWindowsFile file = OpenForReading(name);
+  if (file.get() == INVALID_HANDLE_VALUE || GetFileType(file.get()) != FILE_TYPE_DISK) {
     return ReadOutcome::CannotOpen;
   }
   LARGE_INTEGER size{};

@@ -1,15 +1,30 @@
 #pragma once
 
-// Private. Names of files as the calls of Windows want them.
+// Private. Names of files as the calls of Windows want them, and the handles that those give.
 
 #include <windows.h>
 
 #include <cstddef>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace quindle::utils {
+
+template <BOOL(WINAPI* close)(HANDLE)>
+struct CloseWindowsHandle {
+  using pointer = HANDLE;
+  void operator()(HANDLE handle) const noexcept {
+    if (handle != INVALID_HANDLE_VALUE) {
+      close(handle);
+    }
+  }
+};
+
+// Sole owners; INVALID_HANDLE_VALUE when nothing could be opened.
+using OwnedWindowsFile = std::unique_ptr<HANDLE, CloseWindowsHandle<&CloseHandle>>;
+using OwnedWindowsSearch = std::unique_ptr<HANDLE, CloseWindowsHandle<&FindClose>>;
 
 // The absolute path that the system makes of `path`; empty when it makes none. It is the one to
 // know which names are devices: those begin with "\\.\".

@@ -28,8 +28,21 @@ quietly() {
   "$@" >"$scratch/log" 2>&1 || { cat "$scratch/log" >&2; fail "failed: $*"; }
 }
 
+# SDL2's package as it is, but that it leaves a prefix of its own behind, as some do.
+write_relocating_sdl2() {
+  local real
+  real=$(sed -n 's/^SDL2_DIR:PATH=//p' "$build_dir/CMakeCache.txt")
+  mkdir -p "$scratch/sdl2"
+  printf 'include("%s")\n' "$real"/*onfig-version.cmake "$real"/*onfigVersion.cmake |
+    grep -vF '*' >"$scratch/sdl2/SDL2ConfigVersion.cmake"
+  printf 'include("%s")\n' "$real"/*onfig.cmake >"$scratch/sdl2/SDL2Config.cmake"
+  echo 'set(PACKAGE_PREFIX_DIR /elsewhere)' >>"$scratch/sdl2/SDL2Config.cmake"
+}
+
 use_find_package() {
+  write_relocating_sdl2
   quietly "$cmake" -S "$project" -B "$scratch/project" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" \
+    -DSDL2_DIR="$scratch/sdl2" \
     -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$warnings"
   grep -q "^quindle_sdl_ui_DIR:PATH=$prefix/" "$scratch/project/CMakeCache.txt" ||
     fail "another package was found"

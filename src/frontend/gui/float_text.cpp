@@ -11,6 +11,7 @@
 
 #include "frontend/gui/float_conversion.h"
 #include "utils/ascii_text.h"
+#include "utils/string_utils.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -19,15 +20,9 @@ bool IsHexDigit(char c) {
   return utils::is_ascii_digit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
-char LowerCase(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 // `word` is in lower case.
 bool StartsWithWord(std::string_view text, std::string_view word) {
-  return text.size() >= word.size() &&
-         std::equal(word.begin(), word.end(), text.begin(),
-                    [](char expected, char c) { return LowerCase(c) == expected; });
+  return utils::ascii_to_lower(text.substr(0, word.size())) == word;
 }
 
 std::size_t CountLeading(std::string_view text, bool (*belongs)(char)) {
@@ -36,8 +31,8 @@ std::size_t CountLeading(std::string_view text, bool (*belongs)(char)) {
 }
 
 // The length of an exponent, which needs a digit to be one.
-std::size_t ExponentLength(std::string_view text, char letter) {
-  if (text.empty() || LowerCase(text.front()) != letter) {
+std::size_t ExponentLength(std::string_view text, std::string_view letter) {
+  if (!StartsWithWord(text, letter)) {
     return 0;
   }
   const std::size_t sign = text.size() > 1 && (text[1] == '+' || text[1] == '-') ? 1 : 0;
@@ -58,7 +53,7 @@ std::string_view TakeDigits(std::string_view text, FloatBase base) {
   if (whole + fraction == 0) {
     return {};
   }
-  length += ExponentLength(text.substr(length), base == FloatBase::Hex ? 'p' : 'e');
+  length += ExponentLength(text.substr(length), base == FloatBase::Hex ? "p" : "e");
   return text.substr(0, length);
 }
 
@@ -74,7 +69,7 @@ FloatDigits TakeNumber(std::string_view text) {
 }
 
 bool IsWordChar(char c) {
-  return utils::is_ascii_digit(c) || (LowerCase(c) >= 'a' && LowerCase(c) <= 'z') || c == '_';
+  return utils::is_ascii_digit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
 }
 
 // A whole number of base 8, 10 or 16, as "0" or "0x" at its start say; empty where it is none.

@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <cwchar>
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -16,26 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct CloseSearch {
-  using pointer = HANDLE;
-  void operator()(HANDLE search) const noexcept {
-    if (search != INVALID_HANDLE_VALUE) {
-      FindClose(search);
-    }
-  }
-};
-using OwnedSearch = std::unique_ptr<HANDLE, CloseSearch>;
-
-struct CloseFile {
-  using pointer = HANDLE;
-  void operator()(HANDLE file) const noexcept {
-    if (file != INVALID_HANDLE_VALUE) {
-      CloseHandle(file);
-    }
-  }
-};
-using OwnedFile = std::unique_ptr<HANDLE, CloseFile>;
-
 fs::file_type TypeOf(DWORD attributes) {
   if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
     return fs::file_type::directory;
@@ -46,9 +25,9 @@ fs::file_type TypeOf(DWORD attributes) {
 
 // Opened to be asked alone, which reads nothing and locks nobody out.
 fs::file_type TypeBehindLink(const std::wstring& name) {
-  const OwnedFile file(CreateFileW(name.c_str(), 0,
-                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                   OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const utils::OwnedWindowsFile file(
+      CreateFileW(name.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
   BY_HANDLE_FILE_INFORMATION information{};
   const bool found = file.get() != INVALID_HANDLE_VALUE &&
                      GetFileInformationByHandle(file.get(), &information) != 0;
@@ -86,9 +65,9 @@ ScannedEntries ScanDirectory(const fs::path& dir, bool (*accept)(const fs::path&
   ScannedEntries found;
   const std::wstring folder = SystemName(dir);
   WIN32_FIND_DATAW entry{};
-  const OwnedSearch search(folder.empty()
-                               ? INVALID_HANDLE_VALUE
-                               : FindFirstFileW((fs::path(folder) / L"*").c_str(), &entry));
+  const utils::OwnedWindowsSearch search(
+      folder.empty() ? INVALID_HANDLE_VALUE
+                     : FindFirstFileW((fs::path(folder) / L"*").c_str(), &entry));
   bool has_entry = search.get() != INVALID_HANDLE_VALUE;
   while (has_entry) {
     if (!IsDotEntry(entry.cFileName)) {
