@@ -12,22 +12,23 @@ namespace {
 
 constexpr const char* kProcessIdFile = "process_id";
 
-// The name of the settings file in its home, and what stands in it: in each of them Alt+F4 closes a
-// window, and windows are placed without being asked where.
-struct Settings {
-  const char* file = "";
+// A settings file in the window manager's home, and what stands in it.
+struct SettingsFile {
+  const char* name = "";
   const char* text = "";
 };
 
-Settings SettingsOf(const std::string& name) {
+// With them Alt+F4 closes a window, windows are placed without being asked where, and no wallpaper
+// is set: where fluxbox's helper cannot, it says so in a window that takes the focus.
+std::vector<SettingsFile> SettingsOf(const std::string& name) {
   if (name == "fluxbox") {
-    return {".fluxbox/keys", "Mod1 F4 :Close\n"};
+    return {{".fluxbox/keys", "Mod1 F4 :Close\n"}, {".fluxbox/overlay", "background: none\n"}};
   }
   if (name == "i3") {
-    return {"i3.config", "font pango:monospace 8\nbindsym Mod1+F4 kill\n"};
+    return {{"i3.config", "font pango:monospace 8\nbindsym Mod1+F4 kill\n"}};
   }
   if (name == "twm") {
-    return {"twmrc", "RandomPlacement\n\"F4\" = m : window|title|frame : f.delete\n"};
+    return {{"twmrc", "RandomPlacement\n\"F4\" = m : window|title|frame : f.delete\n"}};
   }
   return {};
 }
@@ -86,9 +87,8 @@ bool IsManaged(const std::string& title) {
 
 WindowManager::WindowManager(const std::vector<std::string>& command) {
   const std::string& name = command.at(0);
-  const Settings settings = SettingsOf(name);
-  if (*settings.file != '\0') {
-    home_.Write(settings.file, settings.text);
+  for (const SettingsFile& file : SettingsOf(name)) {
+    home_.Write(file.name, file.text);
   }
   process_ = std::make_unique<ChildProcess>(
       InHome(home_.path(), command.size() > 1 ? command : CommandOf(name, home_.path())));

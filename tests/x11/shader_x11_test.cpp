@@ -172,7 +172,7 @@ std::string ShaderNumberKey() {
   return std::to_string((shader - commands.begin() + 1) % 10);
 }
 
-// Mean brightness of a part of the demo window beside and above the dialog, 0 .. 1.
+// Mean brightness of the guest picture in the demo window, with what covers it, 0 .. 1.
 double GuestBrightness(X11WindowId host, const TemporaryDirectory& folder) {
   const std::string picture = (folder.path() / "host.png").string();
   SaveX11Screenshot(host, picture);
@@ -220,7 +220,7 @@ double DimTheGuest(const std::vector<std::string>& command, const TemporaryDirec
   // The next frame of the guest shows it; without OpenGL nothing changes however long one waits.
   WaitUntil(
       [&] {
-        ratio = GuestBrightness(host, folder) / before;
+        ratio = SteadyGuestBrightness(host, folder) / before;
         return ratio < 0.5;
       },
       std::chrono::seconds(3));
