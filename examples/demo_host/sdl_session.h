@@ -12,7 +12,7 @@ class NothingShownError : public std::runtime_error {
 
 enum class VideoChoice {
   Display,  // A display that a person sees, or what SDL_VIDEODRIVER names.
-  Memory,   // SDL's dummy driver: what is drawn exists in memory alone.
+  Memory,   // SDL's offscreen or dummy driver: what is drawn exists in memory alone.
 };
 
 // SDL video and SDL_ttf for as long as this object lives. Shuts down in the order that the library
