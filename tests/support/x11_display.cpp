@@ -289,6 +289,12 @@ std::string X11PixelColour(X11WindowId window, int x, int y) {
   return colour == std::string::npos ? "" : text.substr(colour + 1, 7);
 }
 
+bool IsSdlOnTopOfSdl3() {
+  SDL_version version{};
+  SDL_GetVersion(&version);
+  return SDL_VERSIONNUM(version.major, version.minor, version.patch) >= SDL_VERSIONNUM(2, 32, 50);
+}
+
 ProgramResult WaitForProgram(ChildProcess* program) {
   std::optional<ProgramResult> result = program->WaitForExit(kPatience);
   if (!result) {

@@ -130,6 +130,10 @@ void SaveX11Screenshot(X11WindowId window, const std::string& path);
 /// The colour of one pixel of the window, as "#RRGGBB".
 std::string X11PixelColour(X11WindowId window, int x, int y);
 
+/// SDL2's interface on SDL3, whose X11 windows behave otherwise in places. It shows in the version
+/// alone.
+bool IsSdlOnTopOfSdl3();
+
 /// Waits for a program's end. Throws X11StepError, with what it has printed, when it does not end.
 ProgramResult WaitForProgram(ChildProcess* program);
 

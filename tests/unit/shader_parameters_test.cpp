@@ -14,7 +14,6 @@
 #include <optional>
 #include <ostream>
 #include <random>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -324,16 +323,6 @@ void PrintTo(const ValueCase& row, std::ostream* out) {
   *out << row.text;
 }
 
-// For a number of which processors differ whether it is in range: on ARM one that is only rounded
-// up to the smallest normal number is too small.
-std::optional<float> AsByStof(const std::string& text) {
-  try {
-    return std::stof(text);
-  } catch (const std::out_of_range&) {
-    return std::nullopt;
-  }
-}
-
 class PresetValue : public ::testing::TestWithParam<ValueCase> {};
 
 TEST_P(PresetValue, IsConvertedAsByStof) {
@@ -375,7 +364,8 @@ INSTANTIATE_TEST_SUITE_P(
         ValueCase{"InexactSubnormal", " 1e-40", std::nullopt},
         ValueCase{"ExactSubnormal", " 0x1p-149", kSmallest},
         ValueCase{"SmallestNormal", " 1.17549436e-38", 1.17549435e-38F},
-        ValueCase{"RoundedUpToSmallestNormal", " 1.17549435e-38", AsByStof("1.17549435e-38")},
+        // Taken on every processor; std::stof takes it on those alone that round before they look.
+        ValueCase{"RoundedUpToSmallestNormal", " 1.17549435e-38", 1.17549435e-38F},
         ValueCase{"Greatest", " 3.4028235e38", kGreatest},
         ValueCase{"RoundedToGreatest", " 3.40282356e38", kGreatest},
         ValueCase{"JustOutOfRange", " 3.4028236e38", std::nullopt},

@@ -112,6 +112,11 @@ TEST_F(PickersX11, ThumbIsDraggedToTheEnd) {
 }
 
 TEST_F(PickersX11, ThumbFollowsThePointerOutsideTheWindow) {
+  if (IsSdlOnTopOfSdl3()) {
+    GTEST_SKIP()
+        << "this SDL is refused the pointer now and then, and then loses it at the window's "
+           "edge";
+  }
   WriteDisks(99);
   const Answer answer = PickFloppy([](X11WindowId window) {
     DragFromTo(window, kInTrack, 80, 800, 80 + 344 / 2);  // Half of the thumb's way: 41 of 83 rows.

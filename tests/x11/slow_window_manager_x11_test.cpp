@@ -40,13 +40,6 @@ void PushQuit() {
   SDL_PushEvent(&quit);
 }
 
-// SDL on top of SDL3 leaves it to the window manager. It shows in the version alone.
-bool AsksWindowManagerForFocus() {
-  SDL_version version{};
-  SDL_GetVersion(&version);
-  return SDL_VERSIONNUM(version.major, version.minor, version.patch) >= SDL_VERSIONNUM(2, 32, 50);
-}
-
 std::string MapStateOf(X11WindowId window) {
   return RunX11Tool({"xwininfo", "-id", std::to_string(window)});
 }
@@ -55,7 +48,8 @@ class SlowWindowManager : public testing::X11DialogTest {
  protected:
   static void Start(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), QUINDLE_SLOW_WINDOW_MANAGER);
-    if (AsksWindowManagerForFocus()) {
+    // It leaves the focus to the window manager.
+    if (testing::IsSdlOnTopOfSdl3()) {
       arguments.emplace_back("--activates");
     }
     StartDisplay(arguments);
