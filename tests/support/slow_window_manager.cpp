@@ -4,6 +4,10 @@
 //   slow_window_manager MILLISECONDS          the pause; -1 never maps those frames
 //   slow_window_manager MILLISECONDS --old    without the properties of newer window managers
 //   slow_window_manager ... --activates       gives the focus to a window that asks for it
+//   slow_window_manager ... --titles          frames have a title of 30 pixels above the window,
+//   which
+//                                             is told last
+//   slow_window_manager ... --shows-at-once   makes the pause once the frame is mapped
 //
 // SIGUSR1 hides all frames, as a change of the desktop does: their windows stay mapped in them.
 // Otherwise it gives the focus to ordinary windows when they appear and to nothing else.
@@ -14,13 +18,14 @@
 #include <poll.h>
 #include <signal.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <map>
+#include <set>
+#include <string>
 
 namespace {
 
+constexpr int kTitleHeight = 30;
 constexpr int kSignalIntervalMs = 20;  // A signal may come just before the waiting.
 
 volatile sig_atomic_t g_hide = 0;
@@ -35,14 +40,18 @@ int PassOver(Display*, XErrorEvent*) {
 
 class SlowWindowManager {
  public:
-  SlowWindowManager(int pause_ms, bool old, bool activates)
-      : display_(XOpenDisplay(nullptr)), pause_ms_(pause_ms), activates_(activates) {
+  SlowWindowManager(int pause_ms, const std::set<std::string>& options)
+      : display_(XOpenDisplay(nullptr)),
+        pause_ms_(pause_ms),
+        activates_(options.contains("--activates")),
+        shows_at_once_(options.contains("--shows-at-once")),
+        title_height_(options.contains("--titles") ? kTitleHeight : 0) {
     if (display_ == nullptr) {
       std::exit(1);
     }
     XSetErrorHandler(&PassOver);
     root_ = DefaultRootWindow(display_);
-    if (!old) {
+    if (!options.contains("--old")) {
       Announce();
     }
     XSelectInput(display_, root_, SubstructureRedirectMask | SubstructureNotifyMask);
@@ -104,15 +113,18 @@ class SlowWindowManager {
     XGetWindowAttributes(display_, window, &at);
     const Window frame =
         XCreateSimpleWindow(display_, root_, at.x, at.y, static_cast<unsigned>(at.width),
-                            static_cast<unsigned>(at.height), 0, 0, 0);
-    XSelectInput(display_, frame, SubstructureNotifyMask);
-    XReparentWindow(display_, window, frame, 0, 0);
+                            static_cast<unsigned>(at.height + title_height_), 0, 0, 0);
+    XSelectInput(display_, frame, SubstructureRedirectMask | SubstructureNotifyMask);
+    XReparentWindow(display_, window, frame, 0, title_height_);
     frames_[window] = frame;
     SetNormalState(window);
     if (BelongsToAnother(window)) {
       ShowLate(window, frame);
     } else {
       ShowAtOnce(window, frame);
+    }
+    if (title_height_ != 0) {
+      TellTitle(window);
     }
     XSync(display_, False);
   }
@@ -131,11 +143,21 @@ class SlowWindowManager {
 
   void ShowLate(Window window, Window frame) {
     XMapWindow(display_, window);
+    if (shows_at_once_) {
+      XMapRaised(display_, frame);
+    }
     XSync(display_, False);
     if (pause_ms_ >= 0) {
       poll(nullptr, 0, pause_ms_);
       XMapRaised(display_, frame);
     }
+  }
+
+  void TellTitle(Window window) {
+    const long left_right_top_bottom[4] = {0, 0, title_height_, 0};
+    XChangeProperty(display_, window, Intern("_NET_FRAME_EXTENTS"), XA_CARDINAL, 32,
+                    PropModeReplace, reinterpret_cast<const unsigned char*>(left_right_top_bottom),
+                    4);
   }
 
   void SetNormalState(Window window) {
@@ -166,6 +188,7 @@ class SlowWindowManager {
     }
     const auto size = static_cast<unsigned>(request.value_mask & (CWWidth | CWHeight));
     XConfigureWindow(display_, request.window, size, &changes);
+    changes.height += title_height_;
     XConfigureWindow(display_, found->second,
                      size | static_cast<unsigned>(request.value_mask & (CWX | CWY)), &changes);
   }
@@ -190,6 +213,8 @@ class SlowWindowManager {
   Display* display_;
   int pause_ms_;
   bool activates_;
+  bool shows_at_once_;
+  int title_height_;
   Window root_ = 0;
   std::map<Window, Window> frames_;  // By the window in them.
 };
@@ -197,14 +222,9 @@ class SlowWindowManager {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-  const auto is_asked_for = [argc, argv](const char* option) {
-    return std::any_of(argv, argv + argc, [option](const char* argument) {
-      return std::strcmp(argument, option) == 0;
-    });
-  };
   struct sigaction action {};
   action.sa_handler = &AskToHide;
   sigaction(SIGUSR1, &action, nullptr);
   const int pause_ms = argc > 1 ? std::atoi(argv[1]) : 0;
-  SlowWindowManager(pause_ms, is_asked_for("--old"), is_asked_for("--activates")).Run();
+  SlowWindowManager(pause_ms, std::set<std::string>(argv + 1, argv + argc)).Run();
 }

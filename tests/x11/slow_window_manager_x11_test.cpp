@@ -188,6 +188,56 @@ TEST_F(MissingFrame, DialogRunsAndCanBeEnded) {
   EXPECT_LT(steady_clock::now() - start, std::chrono::seconds(3));
 }
 
+// --- A frame of which is told late, or never -----------------------------------------------------
+
+class LateTitle : public SlowWindowManager {
+ public:
+  static void SetUpTestSuite() { Start({"120", "--titles", "--shows-at-once"}); }
+};
+
+class VeryLateTitle : public SlowWindowManager {
+ public:
+  static void SetUpTestSuite() { Start({"1000", "--titles"}); }
+};
+
+class UntoldFrame : public SlowWindowManager {
+ public:
+  static void SetUpTestSuite() { Start({"0"}); }
+};
+
+// Waits until a dialog's window reaches the screen's lower edge exactly, with a title that its
+// window manager tells of, and ends the dialog.
+void ExpectAtLowerEdge(const SDL_Rect& screen, int title_height) {
+  const X11WindowId window = WaitForX11Window(kTitle);
+  WaitForX11Step("the dialog stands at the screen's lower edge", [&] {
+    const SDL_Rect frame = testing::X11FrameGeometry(window);
+    return frame.h == testing::X11WindowGeometry(window).h + title_height &&
+           frame.y + frame.h == screen.y + screen.h;
+  });
+  PushQuit();
+}
+
+SDL_Rect Screen() {
+  SDL_Rect screen{};
+  EXPECT_EQ(SDL_GetDisplayUsableBounds(0, &screen), 0);
+  return screen;
+}
+
+TEST_F(LateTitle, DialogBelowTheScreenIsMovedUpWithItsTitle) {
+  SDL_SetWindowPosition(Parent(), 200, 900);
+  EXPECT_EQ(ShowAnd([screen = Screen()] { ExpectAtLowerEdge(screen, 30); }), kNoChoice);
+}
+
+TEST_F(VeryLateTitle, DialogBelowTheScreenIsMovedUpWithItsTitle) {
+  SDL_SetWindowPosition(Parent(), 200, 900);
+  EXPECT_EQ(ShowAnd([screen = Screen()] { ExpectAtLowerEdge(screen, 30); }), kNoChoice);
+}
+
+TEST_F(UntoldFrame, DialogBelowTheScreenIsMovedUp) {
+  SDL_SetWindowPosition(Parent(), 200, 900);
+  EXPECT_EQ(ShowAnd([screen = Screen()] { ExpectAtLowerEdge(screen, 0); }), kNoChoice);
+}
+
 // --- Who hears of an error -----------------------------------------------------------------------
 
 int g_errors_heard = 0;

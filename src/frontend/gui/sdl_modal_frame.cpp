@@ -23,11 +23,12 @@ void PresentModalFrame(SDL_Window* window, SDL_Renderer* renderer, bool* shown) 
   SDL_RenderPresent(renderer);
   if (*shown) {
     KeepFocusOnWindow(window);
-    return;
+  } else {
+    ShowFocusedWindow(window);
+    MindWindowPlace(window);
+    *shown = true;
   }
-  ShowFocusedWindow(window);
   MoveWindowOntoDisplay(window);
-  *shown = true;
 }
 
 ModalParentFocus::ModalParentFocus(SDL_Window* parent, SDL_Window* window)

@@ -25,8 +25,9 @@ struct ModalPointer {
 // Reads the pointer as it is now. Called where the dialog's frame wants it.
 ModalPointer ReadModalPointer(SDL_Window* window);
 
-// Presents; after the first present also shows, raises and focuses the window, moves it onto its
-// display, and sets *shown.
+// Presents; after the first present also shows, raises and focuses the window and sets *shown. What
+// the window system was too slow for, the focus and a place on the display, is made up for in a
+// later frame.
 void PresentModalFrame(SDL_Window* window, SDL_Renderer* renderer, bool* shown);
 
 // Hands the focus back to the parent when it goes out of scope, by an exception too; before that
