@@ -191,6 +191,22 @@ class SlowWindowManager {
     changes.height += title_height_;
     XConfigureWindow(display_, found->second,
                      size | static_cast<unsigned>(request.value_mask & (CWX | CWY)), &changes);
+    TellPlace(request.window, found->second);
+  }
+
+  // A window does not hear by itself that its frame has moved.
+  void TellPlace(Window window, Window frame) {
+    XWindowAttributes at{};
+    XGetWindowAttributes(display_, frame, &at);
+    XEvent event{};
+    event.xconfigure.type = ConfigureNotify;
+    event.xconfigure.event = window;
+    event.xconfigure.window = window;
+    event.xconfigure.x = at.x;
+    event.xconfigure.y = at.y + title_height_;
+    event.xconfigure.width = at.width;
+    event.xconfigure.height = at.height - title_height_;
+    XSendEvent(display_, window, False, StructureNotifyMask, &event);
   }
 
   void Forget(Window window) {

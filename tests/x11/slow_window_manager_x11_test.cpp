@@ -205,6 +205,16 @@ class UntoldFrame : public SlowWindowManager {
   static void SetUpTestSuite() { Start({"0"}); }
 };
 
+// Low enough for a dialog to reach beyond the screen.
+void MoveParentDown(SDL_Window* parent) {
+  SDL_SetWindowPosition(parent, 200, 900);
+  testing::PumpX11Until("the parent is there", [parent] {
+    int y = 0;
+    SDL_GetWindowPosition(parent, nullptr, &y);
+    return y >= 900;
+  });
+}
+
 // Waits until a dialog's window reaches the screen's lower edge exactly, with a title that its
 // window manager tells of, and ends the dialog.
 void ExpectAtLowerEdge(const SDL_Rect& screen, int title_height) {
@@ -224,17 +234,17 @@ SDL_Rect Screen() {
 }
 
 TEST_F(LateTitle, DialogBelowTheScreenIsMovedUpWithItsTitle) {
-  SDL_SetWindowPosition(Parent(), 200, 900);
+  MoveParentDown(Parent());
   EXPECT_EQ(ShowAnd([screen = Screen()] { ExpectAtLowerEdge(screen, 30); }), kNoChoice);
 }
 
 TEST_F(VeryLateTitle, DialogBelowTheScreenIsMovedUpWithItsTitle) {
-  SDL_SetWindowPosition(Parent(), 200, 900);
+  MoveParentDown(Parent());
   EXPECT_EQ(ShowAnd([screen = Screen()] { ExpectAtLowerEdge(screen, 30); }), kNoChoice);
 }
 
 TEST_F(UntoldFrame, DialogBelowTheScreenIsMovedUp) {
-  SDL_SetWindowPosition(Parent(), 200, 900);
+  MoveParentDown(Parent());
   EXPECT_EQ(ShowAnd([screen = Screen()] { ExpectAtLowerEdge(screen, 0); }), kNoChoice);
 }
 

@@ -12,19 +12,11 @@
 namespace quindle::frontend::gui {
 namespace {
 
-// The name under which a minded window keeps when it came onto the screen, in milliseconds.
-constexpr const char* kOnScreenSince = "quindle_on_screen_since";
+// The name under which a minded window keeps for how many frames it has been waited for.
+constexpr const char* kMindedFor = "quindle_minded_for";
 
-// Not every window has a frame, and not every window manager tells of it.
-constexpr Uint32 kFramePatienceMs = 250;
-
-// What the window manager puts around a window, in pixels.
-struct FrameSize {
-  int top = 0;
-  int left = 0;
-  int bottom = 0;
-  int right = 0;
-};
+// A quarter of a second or a little more. Not every window manager tells of its frames.
+constexpr std::uintptr_t kPatientFrames = 25;
 
 bool CanPlaceWindows() {
   constexpr std::array<std::string_view, 3> kDrivers{"x11", "windows", "cocoa"};
@@ -37,36 +29,29 @@ int OffsetInto(int start, int size, int area, int area_size) {
   return std::max(area, std::min(start, area + area_size - size)) - start;
 }
 
-void SetOnScreenSince(SDL_Window* window, Uint32 ticks) {
-  // Null is for windows that are not minded.
-  SDL_SetWindowData(window, kOnScreenSince,
-                    std::bit_cast<void*>(std::uintptr_t{std::max(ticks, Uint32{1})}));
+// From 1 on: null is for a window that is not minded.
+void SetMindedFor(SDL_Window* window, std::uintptr_t frames) {
+  SDL_SetWindowData(window, kMindedFor, std::bit_cast<void*>(frames));
 }
 
-// Nothing as long as SDL may still hear of a frame.
-std::optional<FrameSize> FindFrame(SDL_Window* window) {
-  FrameSize frame;
-  const bool is_told =
-      SDL_GetWindowBordersSize(window, &frame.top, &frame.left, &frame.bottom, &frame.right) == 0;
-  const bool is_empty = frame.top == 0 && frame.left == 0 && frame.bottom == 0 && frame.right == 0;
-  return is_told && is_empty ? std::nullopt : std::optional(frame);
-}
-
-void MoveOntoDisplay(SDL_Window* window, const FrameSize& frame) {
+// `at` is where the window is, inside its frame.
+void MoveOntoDisplay(SDL_Window* window, const SDL_Point& at, const FrameSize& frame) {
   SDL_Rect usable{};
   if (SDL_GetDisplayUsableBounds(SDL_GetWindowDisplayIndex(window), &usable) != 0) {
     return;
   }
-  int x = 0;
-  int y = 0;
   int w = 0;
   int h = 0;
-  SDL_GetWindowPosition(window, &x, &y);
   SDL_GetWindowSize(window, &w, &h);
-  const int dx = OffsetInto(x - frame.left, frame.left + w + frame.right, usable.x, usable.w);
-  const int dy = OffsetInto(y - frame.top, frame.top + h + frame.bottom, usable.y, usable.h);
+  const SDL_Point corner{at.x - frame.left, at.y - frame.top};
+  const int dx = OffsetInto(corner.x, frame.left + w + frame.right, usable.x, usable.w);
+  const int dy = OffsetInto(corner.y, frame.top + h + frame.bottom, usable.y, usable.h);
   if (dx != 0 || dy != 0) {
-    SDL_SetWindowPosition(window, x + dx, y + dy);
+    // SDL takes off the frame that it knows of, which it may not know of yet.
+    int top = 0;
+    int left = 0;
+    SDL_GetWindowBordersSize(window, &top, &left, nullptr, nullptr);
+    SDL_SetWindowPosition(window, corner.x + dx + left, corner.y + dy + top);
   }
 }
 
@@ -74,27 +59,27 @@ void MoveOntoDisplay(SDL_Window* window, const FrameSize& frame) {
 
 void MindWindowPlace(SDL_Window* window) {
   if (CanPlaceWindows()) {
-    SetOnScreenSince(window, SDL_GetTicks());
+    SetMindedFor(window, 1);
   }
 }
 
 void MoveWindowOntoDisplay(SDL_Window* window) {
-  const auto since =
-      static_cast<Uint32>(std::bit_cast<std::uintptr_t>(SDL_GetWindowData(window, kOnScreenSince)));
-  if (since == 0) {
+  const auto frames = std::bit_cast<std::uintptr_t>(SDL_GetWindowData(window, kMindedFor));
+  if (frames == 0) {
     return;
   }
-  const Uint32 now = SDL_GetTicks();
-  if (!X11ErrorTrap(window).IsOnScreen()) {
-    SetOnScreenSince(window, now);
+  const X11ErrorTrap trap(window);
+  if (!trap.IsOnScreen()) {
     return;
   }
   // SDL learns from its events where the window is and what its frame adds.
   SDL_PumpEvents();
-  const std::optional<FrameSize> frame = FindFrame(window);
-  if (frame || now - since >= kFramePatienceMs) {
-    SDL_SetWindowData(window, kOnScreenSince, nullptr);
-    MoveOntoDisplay(window, frame.value_or(FrameSize{}));
+  const std::optional<FrameSize> frame = trap.Frame();
+  if (frame || frames == kPatientFrames) {
+    SDL_SetWindowData(window, kMindedFor, nullptr);
+    MoveOntoDisplay(window, trap.Position(), frame.value_or(FrameSize{}));
+  } else {
+    SetMindedFor(window, frames + 1);
   }
 }
 

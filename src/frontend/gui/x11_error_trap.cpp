@@ -1,10 +1,29 @@
 #include "frontend/gui/x11_error_trap.h"
 
+#include <array>
 #include <atomic>
 #include <chrono>
+#include <cstring>
+#include <memory>
 #include <utility>
 
 namespace quindle::frontend::gui {
+
+namespace {
+
+SDL_Point PositionBySdl(SDL_Window* window) {
+  SDL_Point position{};
+  SDL_GetWindowPosition(window, &position.x, &position.y);
+  return position;
+}
+
+FrameSize FrameBySdl(SDL_Window* window) {
+  FrameSize frame;
+  SDL_GetWindowBordersSize(window, &frame.top, &frame.left, &frame.bottom, &frame.right);
+  return frame;
+}
+
+}  // namespace
 
 #if defined(SDL_VIDEO_DRIVER_X11)
 
@@ -24,7 +43,7 @@ int PassOverErrors(Display* display, XErrorEvent* error) {
 
 }  // namespace
 
-X11ErrorTrap::X11ErrorTrap(SDL_Window* window) {
+X11ErrorTrap::X11ErrorTrap(SDL_Window* window) : window_(window) {
   if (!IsX11Driver()) {
     return;
   }
@@ -74,6 +93,44 @@ bool X11ErrorTrap::IsOnScreen() const {
   return !x11_ || MapState() == IsViewable;
 }
 
+SDL_Point X11ErrorTrap::Position() const {
+  XWindowAttributes attributes{};
+  if (!x11_ || x11_->library.get_window_attributes(x11_->handle.display, x11_->handle.window,
+                                                   &attributes) == 0) {
+    return PositionBySdl(window_);
+  }
+  SDL_Point position{};
+  Window child = 0;
+  x11_->library.translate_coordinates(x11_->handle.display, x11_->handle.window, attributes.root, 0,
+                                      0, &position.x, &position.y, &child);
+  return position;
+}
+
+std::optional<FrameSize> X11ErrorTrap::Frame() const {
+  if (!x11_) {
+    return FrameBySdl(window_);
+  }
+  constexpr Atom kXaCardinal = 6;  // The predefined atom of the type "CARDINAL".
+  const auto& [library, handle, former_display, former_handler] = *x11_;
+  Atom type = 0;
+  int format = 0;
+  unsigned long count = 0;
+  unsigned long rest = 0;
+  unsigned char* bytes = nullptr;
+  library.get_window_property(handle.display, handle.window,
+                              library.intern_atom(handle.display, "_NET_FRAME_EXTENTS", False), 0,
+                              4, False, kXaCardinal, &type, &format, &count, &rest, &bytes);
+  const std::unique_ptr<unsigned char, int (*)(void*)> owner(bytes, library.free);
+  if (bytes == nullptr || format != 32 || count != 4) {
+    return std::nullopt;
+  }
+  // Xlib hands numbers of 32 bits over as longs.
+  std::array<long, 4> sides{};
+  std::memcpy(sides.data(), bytes, sizeof(sides));
+  return FrameSize{static_cast<int>(sides[0]), static_cast<int>(sides[1]),
+                   static_cast<int>(sides[2]), static_cast<int>(sides[3])};
+}
+
 bool X11ErrorTrap::CanTakeFocusFrom(SDL_Window* rival) const {
   if (!x11_ || !IsOnScreen()) {
     return false;
@@ -87,13 +144,19 @@ bool X11ErrorTrap::CanTakeFocusFrom(SDL_Window* rival) const {
 
 #else
 
-X11ErrorTrap::X11ErrorTrap(SDL_Window* /*window*/) {}
+X11ErrorTrap::X11ErrorTrap(SDL_Window* window) : window_(window) {}
 X11ErrorTrap::~X11ErrorTrap() = default;
 bool X11ErrorTrap::WaitUntilViewable() const {
   return true;
 }
 bool X11ErrorTrap::IsOnScreen() const {
   return true;
+}
+SDL_Point X11ErrorTrap::Position() const {
+  return PositionBySdl(window_);
+}
+std::optional<FrameSize> X11ErrorTrap::Frame() const {
+  return FrameBySdl(window_);
 }
 bool X11ErrorTrap::CanTakeFocusFrom(SDL_Window* /*rival*/) const {
   return false;

@@ -12,6 +12,14 @@
 
 namespace quindle::frontend::gui {
 
+// What a window manager puts around a window, in pixels.
+struct FrameSize {
+  int left = 0;
+  int right = 0;
+  int top = 0;
+  int bottom = 0;
+};
+
 // While this lives, X errors of SDL's connection to the display are passed over, whoever's call has
 // caused them; errors of other connections go where they went before. Events stay in SDL's queue.
 class X11ErrorTrap {
@@ -32,11 +40,18 @@ class X11ErrorTrap {
   // Whether the window is on the screen. True outside X11.
   bool IsOnScreen() const;
 
+  // Where the window's inside begins on the screen, and what is around it; no frame while the
+  // window manager has not told of one. Outside X11 what SDL knows; on X11 that may be how things
+  // were before the window was put into its frame.
+  SDL_Point Position() const;
+  std::optional<FrameSize> Frame() const;
+
   // Whether the window is on the screen while `rival` has the keyboard, or while the keys go
   // wherever the pointer is. False outside X11.
   bool CanTakeFocusFrom(SDL_Window* rival) const;
 
  private:
+  SDL_Window* window_;
 #if defined(SDL_VIDEO_DRIVER_X11)
   int MapState() const;
 

@@ -15,8 +15,11 @@ X11Library::X11Library() : object_(SDL_LoadObject("libX11.so.6")) {
   is_loaded_ = object_ != nullptr;
   Load("XInternAtom", &intern_atom);
   Load("XChangeProperty", &change_property);
+  Load("XGetWindowProperty", &get_window_property);
+  Load("XFree", &free);
   Load("XSetTransientForHint", &set_transient_for_hint);
   Load("XGetWindowAttributes", &get_window_attributes);
+  Load("XTranslateCoordinates", &translate_coordinates);
   Load("XGetInputFocus", &get_input_focus);
   Load("XSetErrorHandler", &set_error_handler);
   Load("XSync", &sync);

@@ -32,8 +32,12 @@ class X11Library {
   Atom (*intern_atom)(Display*, const char*, Bool) = nullptr;
   int (*change_property)(Display*, Window, Atom, Atom, int, int, const unsigned char*,
                          int) = nullptr;
+  int (*get_window_property)(Display*, Window, Atom, long, long, Bool, Atom, Atom*, int*,
+                             unsigned long*, unsigned long*, unsigned char**) = nullptr;
+  int (*free)(void*) = nullptr;
   int (*set_transient_for_hint)(Display*, Window, Window) = nullptr;
   int (*get_window_attributes)(Display*, Window, XWindowAttributes*) = nullptr;
+  Bool (*translate_coordinates)(Display*, Window, Window, int, int, int*, int*, Window*) = nullptr;
   int (*get_input_focus)(Display*, Window*, int*) = nullptr;
   XErrorHandler (*set_error_handler)(XErrorHandler) = nullptr;
   int (*sync)(Display*, Bool) = nullptr;
