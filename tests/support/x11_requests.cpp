@@ -51,4 +51,26 @@ void AskToCloseX11Window(unsigned long window) {
              SubstructureRedirectMask | SubstructureNotifyMask, &request);
 }
 
+struct X11FocusWatch::Connection {
+  OwnedDisplay display{XOpenDisplay(nullptr)};
+};
+
+X11FocusWatch::X11FocusWatch(unsigned long window) : connection_(std::make_unique<Connection>()) {
+  XSelectInput(connection_->display.get(), window, FocusChangeMask);
+  XSync(connection_->display.get(), False);
+}
+
+X11FocusWatch::~X11FocusWatch() = default;
+
+int X11FocusWatch::Losses() {
+  Display* const display = connection_->display.get();
+  XSync(display, False);
+  while (XPending(display) > 0) {
+    XEvent event;
+    XNextEvent(display, &event);
+    losses_ += event.type == FocusOut && event.xfocus.mode == NotifyNormal ? 1 : 0;
+  }
+  return losses_;
+}
+
 }  // namespace quindle::testing

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 // What the tests ask of X11 by its own calls, apart because Xlib's macros break other headers.
 
 namespace quindle::testing {
@@ -11,5 +13,22 @@ void WaitForFreePointer();
 
 // Asks the window manager to close a window, as its title bar does.
 void AskToCloseX11Window(unsigned long window);
+
+// Counts how often a window loses the keyboard.
+class X11FocusWatch {
+ public:
+  explicit X11FocusWatch(unsigned long window);
+  ~X11FocusWatch();
+  X11FocusWatch(const X11FocusWatch&) = delete;
+  X11FocusWatch& operator=(const X11FocusWatch&) = delete;
+
+  // So far.
+  int Losses();
+
+ private:
+  struct Connection;
+  std::unique_ptr<Connection> connection_;
+  int losses_ = 0;
+};
 
 }  // namespace quindle::testing

@@ -7,14 +7,17 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <sstream>
 #include <string>
+#include <thread>
 
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "frontend/gui/sdl_ui_font_cache.h"
 #include "frontend/gui/window_focus.h"
 #include "support/x11_display.h"
+#include "support/x11_requests.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -203,6 +206,17 @@ TEST_F(MessageBoxX11, FocusIsBackOnParentAfterwards) {
   PumpX11Until("the host has the focus again", [this] {
     return FocusedX11Window() == ParentId() && SDL_GetKeyboardFocus() == Parent();
   });
+}
+
+// A window manager that gave it to the closing box once more would have the next key go nowhere.
+TEST_F(MessageBoxX11, FocusStaysOnParentOnceItIsBack) {
+  testing::X11FocusWatch watch(ParentId());
+  for (int boxes = 1; boxes <= 3; ++boxes) {
+    ShowAnd([](X11WindowId) { PressKey("Escape"); });
+    PumpX11Until("the parent has the focus", [this] { return FocusedX11Window() == ParentId(); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    EXPECT_EQ(watch.Losses(), boxes);
+  }
 }
 
 TEST_F(MessageBoxX11, FocusIsBackOnParentAfterManyBoxes) {

@@ -22,7 +22,10 @@ SDL_Window* FindModalParent(SDL_Window* window) {
 }
 
 void UnmarkWindowModal(SDL_Window* window) {
-  DisownWindowsModal(window);
+  if (SDL_SetWindowData(window, kModalFor, nullptr) != nullptr) {
+    UnhintX11Modal(window);
+    DisownWindowsModal(window);
+  }
 }
 
 }  // namespace quindle::frontend::gui

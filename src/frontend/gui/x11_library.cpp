@@ -21,6 +21,7 @@ X11Library::X11Library() : object_(SDL_LoadObject("libX11.so.6")) {
   Load("XGetWindowAttributes", &get_window_attributes);
   Load("XTranslateCoordinates", &translate_coordinates);
   Load("XGetInputFocus", &get_input_focus);
+  Load("XSendEvent", &send_event);
   Load("XSetErrorHandler", &set_error_handler);
   Load("XSync", &sync);
   Load("XFlush", &flush);

@@ -39,6 +39,7 @@ class X11Library {
   int (*get_window_attributes)(Display*, Window, XWindowAttributes*) = nullptr;
   Bool (*translate_coordinates)(Display*, Window, Window, int, int, int*, int*, Window*) = nullptr;
   int (*get_input_focus)(Display*, Window*, int*) = nullptr;
+  Status (*send_event)(Display*, Window, Bool, long, XEvent*) = nullptr;
   XErrorHandler (*set_error_handler)(XErrorHandler) = nullptr;
   int (*sync)(Display*, Bool) = nullptr;
   int (*flush)(Display*) = nullptr;

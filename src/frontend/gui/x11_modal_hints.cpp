@@ -59,11 +59,35 @@ bool HintX11Modal(SDL_Window* window, SDL_Window* parent) {
   return true;
 }
 
+void UnhintX11Modal(SDL_Window* window) {
+  const std::optional<X11Handle> own = IsX11Driver() ? FindX11Handle(window) : std::nullopt;
+  const X11Library xlib;
+  XWindowAttributes attributes{};
+  if (!own || !xlib.IsLoaded() ||
+      xlib.get_window_attributes(own->display, own->window, &attributes) == 0) {
+    return;
+  }
+  constexpr long kRemove = 0;
+  constexpr long kFromApplication = 1;
+  XEvent request{};
+  request.xclient.type = ClientMessage;
+  request.xclient.window = own->window;
+  request.xclient.message_type = xlib.intern_atom(own->display, "_NET_WM_STATE", False);
+  request.xclient.format = 32;
+  request.xclient.data.l[0] = kRemove;
+  request.xclient.data.l[1] = static_cast<long>(xlib.intern_atom(own->display, kModalState, False));
+  request.xclient.data.l[3] = kFromApplication;
+  xlib.send_event(own->display, attributes.root, False,
+                  SubstructureRedirectMask | SubstructureNotifyMask, &request);
+  xlib.flush(own->display);
+}
+
 #else
 
 bool HintX11Modal(SDL_Window* /*window*/, SDL_Window* /*parent*/) {
   return false;
 }
+void UnhintX11Modal(SDL_Window* /*window*/) {}
 
 #endif
 

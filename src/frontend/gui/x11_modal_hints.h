@@ -33,4 +33,9 @@ class X11DialogWindowType {
 // window anew for its renderer. Returns whether it could.
 bool HintX11Modal(SDL_Window* window, SDL_Window* parent);
 
+// Takes the modal state off a window that is shown. Some window managers give the focus of a parent
+// back to its modal window, which must not happen when that is about to go: keys that are pressed
+// meanwhile would be lost.
+void UnhintX11Modal(SDL_Window* window);
+
 }  // namespace quindle::frontend::gui
