@@ -21,11 +21,15 @@ SDL_Window* FindModalParent(SDL_Window* window) {
   return static_cast<SDL_Window*>(SDL_GetWindowData(window, kModalFor));
 }
 
-void UnmarkWindowModal(SDL_Window* window) {
-  if (SDL_SetWindowData(window, kModalFor, nullptr) != nullptr) {
+void EndWindowModality(SDL_Window* window) {
+  if (FindModalParent(window) != nullptr) {
     UnhintX11Modal(window);
-    DisownWindowsModal(window);
   }
+  UnmarkWindowModal(window);
+}
+
+void UnmarkWindowModal(SDL_Window* window) {
+  DisownWindowsModal(window);
 }
 
 }  // namespace quindle::frontend::gui

@@ -36,7 +36,7 @@ ModalParentFocus::ModalParentFocus(SDL_Window* parent, SDL_Window* window)
 
 ModalParentFocus::~ModalParentFocus() {
   if (SDL_Window* window = SDL_GetWindowFromID(window_id_)) {
-    UnmarkWindowModal(window);
+    EndWindowModality(window);
   }
   RestoreModalParentFocus(parent_);
 }
