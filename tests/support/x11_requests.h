@@ -1,8 +1,8 @@
 #pragma once
 
-#include <memory>
-
 // What the tests ask of X11 by its own calls, apart because Xlib's macros break other headers.
+
+#include <memory>
 
 namespace quindle::testing {
 

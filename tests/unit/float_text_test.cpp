@@ -113,7 +113,12 @@ const std::vector<PrefixCase>& Prefixes() {
       {"nan(1_2)", NanWith(0)},
       {"nan(12", NanWith(0)},
       {"nan(-1)", NanWith(0)},
-      {"nan(99999999999999999999999)", NanWith(0x3FFFFF)},
+      {"nan(18446744073709551615)", NanWith(0x3FFFFF)},
+      {"nan(18446744073709551616)", {}},
+      {"nan(0x10000000000000000)", {}},
+      {"nan(02000000000000000000000)", {}},
+      {"nan(99999999999999999999999_)", {}},
+      {"nan(99999999999999999999999", NanWith(0)},
       {"na", {}},
   };
   return kCases;
@@ -234,8 +239,27 @@ std::string RandomFloat(Random* random) {
   return text.data();
 }
 
+// What may stand in a not-a-number's brackets, some of it too great for any number.
+std::string RandomNan(Random* random) {
+  static const std::string kWordChars = "00123456789789xabfFz_";
+  std::string text = "nan(";
+  for (int count = Below(random, 28); count > 0; --count) {
+    text += kWordChars[static_cast<std::size_t>(
+        Below(random, Below(random, 2) == 0 ? 15 : static_cast<int>(kWordChars.size())))];
+  }
+  return text + (Below(random, 10) == 0 ? "" : ")");
+}
+
 std::string RandomText(Random* random) {
-  return Below(random, 2) == 0 ? RandomPieces(random) : RandomFloat(random);
+  switch (Below(random, 5)) {
+    case 0:
+      return RandomNan(random);
+    case 1:
+    case 2:
+      return RandomFloat(random);
+    default:
+      return RandomPieces(random);
+  }
 }
 
 // What std::stof makes of it.

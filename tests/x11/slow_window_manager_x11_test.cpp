@@ -8,13 +8,17 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "frontend/gui/sdl_message_box.h"
 #include "frontend/gui/sdl_modal_runtime.h"
 #include "support/x11_display.h"
 
 // Last: Xlib's macros would break the headers above.
+#include <X11/Xatom.h>
+
 #include "frontend/gui/x11_error_trap.h"
 
 namespace quindle::frontend::gui {
@@ -188,7 +192,7 @@ TEST_F(MissingFrame, DialogRunsAndCanBeEnded) {
   EXPECT_LT(steady_clock::now() - start, std::chrono::seconds(3));
 }
 
-// --- A frame of which is told late, or never -----------------------------------------------------
+// --- A frame that is told of late, or never -----------------------------------------------------
 
 class LateTitle : public SlowWindowManager {
  public:
@@ -327,6 +331,68 @@ TEST_F(ErrorTrap, DialogLeavesTheHostsHandlerInForce) {
     PressKey("Escape");
   });
   EXPECT_EQ(XSetErrorHandler(&Hear), &Hear);
+}
+
+// --- Where a window and its frame are ------------------------------------------------------------
+
+// SDL is not let hear of anything meanwhile.
+class FramedWindow : public ErrorTrap {
+ protected:
+  void SetFrame(Window window, const std::vector<long>& sides) {
+    XChangeProperty(own_, window, XInternAtom(own_, "_NET_FRAME_EXTENTS", False), XA_CARDINAL, 32,
+                    PropModeReplace, reinterpret_cast<const unsigned char*>(sides.data()),
+                    static_cast<int>(sides.size()));
+  }
+};
+
+SDL_Point PlaceBySdl(SDL_Window* window) {
+  SDL_Point place{};
+  SDL_GetWindowPosition(window, &place.x, &place.y);
+  return place;
+}
+
+TEST_F(FramedWindow, IsWhereTheServerHasIt) {
+  const SDL_Point before = PlaceBySdl(Parent());
+  ASSERT_NE(before.x, 77);
+  XMoveWindow(own_, ParentId(), 77, 88);
+  XFlush(own_);
+  WaitForX11Step("the window has moved", [this] {
+    const SDL_Point now = X11ErrorTrap(Parent()).Position();
+    return now.x == 77 && now.y == 88;
+  });
+  EXPECT_EQ(PlaceBySdl(Parent()).x, before.x);
+}
+
+TEST_F(FramedWindow, HasTheFrameThatTheServerKeeps) {
+  SetFrame(ParentId(), {3, 4, 30, 5});
+  const std::optional<FrameSize> frame = X11ErrorTrap(Parent()).Frame();
+  ASSERT_TRUE(frame.has_value());
+  EXPECT_EQ(frame->left, 3);
+  EXPECT_EQ(frame->right, 4);
+  EXPECT_EQ(frame->top, 30);
+  EXPECT_EQ(frame->bottom, 5);
+}
+
+TEST_F(FramedWindow, HasNoFrameWithoutFourNumbers) {
+  EXPECT_FALSE(X11ErrorTrap(Parent()).Frame().has_value());
+  SetFrame(ParentId(), {3, 4, 30});
+  EXPECT_FALSE(X11ErrorTrap(Parent()).Frame().has_value());
+}
+
+TEST_F(FramedWindow, ThatIsGoneIsWhereSdlKnewIt) {
+  OwnedSdlWindow window(SDL_CreateWindow("Gone", 40, 50, 320, 200, SDL_WINDOW_HIDDEN));
+  ASSERT_NE(window, nullptr);
+  const SDL_Point known = PlaceBySdl(window.get());
+  XDestroyWindow(own_, X11WindowOf(window.get()));
+  {
+    const X11ErrorTrap trap(window.get());
+    EXPECT_EQ(trap.Position().x, known.x);
+    EXPECT_EQ(trap.Position().y, known.y);
+    EXPECT_FALSE(trap.Frame().has_value());
+  }
+  // SDL's own request to take it away fails while the errors are still listened to.
+  window.reset();
+  XSync(own_, False);
 }
 
 }  // namespace

@@ -72,7 +72,8 @@ bool IsWordChar(char c) {
   return utils::is_ascii_digit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
 }
 
-// A whole number of base 8, 10 or 16, as "0" or "0x" at its start say; empty where it is none.
+// A whole number of base 8, 10 or 16, as "0" or "0x" at its start say; 0 where it is none, empty
+// where it is out of range.
 std::optional<std::uint64_t> ReadWhole(std::string_view text) {
   int base = 10;
   if (StartsWithWord(text, "0x")) {
@@ -84,22 +85,24 @@ std::optional<std::uint64_t> ReadWhole(std::string_view text) {
   std::uint64_t whole = 0;
   const char* const end = text.data() + text.size();
   const std::from_chars_result result = std::from_chars(text.data(), end, whole, base);
-  if (result.ec == std::errc::invalid_argument || result.ptr != end) {
+  if (result.ec == std::errc::result_out_of_range) {
     return std::nullopt;
   }
-  return result.ec == std::errc::result_out_of_range ? std::numeric_limits<std::uint64_t>::max()
-                                                     : whole;
+  return result.ptr == end ? whole : 0;
 }
 
 // What follows "nan": a number in brackets goes into the bits that say nothing.
-float ParseNan(std::string_view rest) {
+std::optional<float> ParseNan(std::string_view rest) {
   constexpr std::uint32_t kFreeBits = 0x3FFFFFU;
   auto bits = std::bit_cast<std::uint32_t>(std::numeric_limits<float>::quiet_NaN());
   if (rest.starts_with('(')) {
     rest.remove_prefix(1);
     const std::size_t length = CountLeading(rest, &IsWordChar);
-    const std::optional<std::uint64_t> number = ReadWhole(rest.substr(0, length));
-    if (number && length < rest.size() && rest[length] == ')') {
+    if (length < rest.size() && rest[length] == ')') {
+      const std::optional<std::uint64_t> number = ReadWhole(rest.substr(0, length));
+      if (!number) {
+        return std::nullopt;
+      }
       bits |= static_cast<std::uint32_t>(*number) & kFreeBits;
     }
   }

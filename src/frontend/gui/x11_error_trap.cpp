@@ -94,15 +94,18 @@ bool X11ErrorTrap::IsOnScreen() const {
 }
 
 SDL_Point X11ErrorTrap::Position() const {
-  XWindowAttributes attributes{};
-  if (!x11_ || x11_->library.get_window_attributes(x11_->handle.display, x11_->handle.window,
-                                                   &attributes) == 0) {
+  if (!x11_) {
     return PositionBySdl(window_);
   }
+  const auto& [library, handle, former_display, former_handler] = *x11_;
+  XWindowAttributes attributes{};
   SDL_Point position{};
   Window child = 0;
-  x11_->library.translate_coordinates(x11_->handle.display, x11_->handle.window, attributes.root, 0,
-                                      0, &position.x, &position.y, &child);
+  if (library.get_window_attributes(handle.display, handle.window, &attributes) == 0 ||
+      library.translate_coordinates(handle.display, handle.window, attributes.root, 0, 0,
+                                    &position.x, &position.y, &child) == 0) {
+    return PositionBySdl(window_);
+  }
   return position;
 }
 
@@ -121,7 +124,7 @@ std::optional<FrameSize> X11ErrorTrap::Frame() const {
                               library.intern_atom(handle.display, "_NET_FRAME_EXTENTS", False), 0,
                               4, False, kXaCardinal, &type, &format, &count, &rest, &bytes);
   const std::unique_ptr<unsigned char, int (*)(void*)> owner(bytes, library.free);
-  if (bytes == nullptr || format != 32 || count != 4) {
+  if (format != 32 || count != 4) {
     return std::nullopt;
   }
   // Xlib hands numbers of 32 bits over as longs.
