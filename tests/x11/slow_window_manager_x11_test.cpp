@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "frontend/gui/sdl_message_box.h"
@@ -20,6 +21,7 @@
 #include <X11/Xatom.h>
 
 #include "frontend/gui/x11_error_trap.h"
+#include "frontend/gui/x11_modal_hints.h"
 
 namespace quindle::frontend::gui {
 namespace {
@@ -331,6 +333,79 @@ TEST_F(ErrorTrap, DialogLeavesTheHostsHandlerInForce) {
     PressKey("Escape");
   });
   EXPECT_EQ(XSetErrorHandler(&Hear), &Hear);
+}
+
+TEST_F(ErrorTrap, TellsWhoHasTheFocus) {
+  const X11ErrorTrap trap(Parent());
+  ASSERT_TRUE(trap.WaitUntilViewable());
+  XSetInputFocus(own_, ParentId(), RevertToParent, CurrentTime);
+  EXPECT_TRUE(trap.CanTakeFocusFrom(Parent()));
+  const OwnedSdlWindow hidden(SDL_CreateWindow("Hidden", 0, 0, 320, 200, SDL_WINDOW_HIDDEN));
+  EXPECT_FALSE(trap.CanTakeFocusFrom(hidden.get()));
+  EXPECT_FALSE(X11ErrorTrap(hidden.get()).CanTakeFocusFrom(Parent()));
+  XSetInputFocus(own_, PointerRoot, RevertToNone, CurrentTime);
+  EXPECT_TRUE(trap.CanTakeFocusFrom(hidden.get()));
+}
+
+// What is sent to no window goes to the one under the pointer.
+TEST_F(ErrorTrap, ModalStateOfAWindowThatIsGoneIsNobodysToTakeOff) {
+  ASSERT_TRUE(X11ErrorTrap(Parent()).WaitUntilViewable());
+  Display* const other = XOpenDisplay(nullptr);
+  XSelectInput(other, ParentId(), SubstructureNotifyMask);
+  XWarpPointer(other, None, ParentId(), 0, 0, 0, 0, 3, 3);
+  XSync(other, False);
+  OwnedSdlWindow window(SDL_CreateWindow("Gone", 40, 50, 320, 200, SDL_WINDOW_HIDDEN));
+  XDestroyWindow(own_, X11WindowOf(window.get()));
+  UnhintX11Modal(window.get());
+  window.reset();
+  XSync(own_, False);
+  XSync(other, False);
+  XEvent message{};
+  EXPECT_EQ(XCheckTypedEvent(other, ClientMessage, &message), False);
+  XCloseDisplay(other);
+}
+
+// --- The focus of another program ----------------------------------------------------------------
+
+class FocusOfAnotherProgram : public LateFrame {
+ protected:
+  void SetUp() override {
+    LateFrame::SetUp();
+    other_ = XOpenDisplay(nullptr);
+    XSetWindowAttributes attributes{};
+    attributes.override_redirect = True;
+    window_ = XCreateWindow(other_, DefaultRootWindow(other_), 600, 400, 60, 40, 0, CopyFromParent,
+                            InputOutput, nullptr, CWOverrideRedirect, &attributes);
+    XMapWindow(other_, window_);
+    XSync(other_, False);
+  }
+  void TearDown() override {
+    XCloseDisplay(other_);
+    LateFrame::TearDown();
+  }
+
+  void TakeFocus() const {
+    XSetInputFocus(other_, window_, RevertToPointerRoot, CurrentTime);
+    XSync(other_, False);
+    WaitForX11Focus(window_);
+  }
+
+  Display* other_ = nullptr;
+  Window window_ = 0;
+};
+
+// To SDL the window under the pointer is the host's then, and nobody has the keyboard.
+TEST_F(FocusOfAnotherProgram, IsNotTakenWhileThePointerIsOnTheParent) {
+  EXPECT_EQ(ShowAnd([this] {
+              WaitForX11Focus(WaitForX11Window(kTitle));
+              testing::MovePointerTo(ParentId(), 3, 3);
+              TakeFocus();
+              // A dialog looks after its focus in each of its frames.
+              std::this_thread::sleep_for(std::chrono::milliseconds(300));
+              EXPECT_EQ(testing::FocusedX11Window(), window_);
+              PushQuit();
+            }),
+            kNoChoice);
 }
 
 // --- Where a window and its frame are ------------------------------------------------------------
