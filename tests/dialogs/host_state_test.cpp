@@ -245,6 +245,18 @@ TEST_F(HostContext, OfACallbackStaysCurrent) {
   EXPECT_EQ(SDL_GL_GetSwapInterval(), 0);
 }
 
+TEST_F(HostContext, OnAnotherWindowOfACallbacksStaysThere) {
+  const frontend::gui::OwnedSdlWindow owner(
+      SDL_CreateWindow("Other", 0, 0, 64, 64, SDL_WINDOW_HIDDEN));
+  SDL_Window* const other = owner.get();
+  DialogScript script;
+  script.Step([&] { SDL_GL_MakeCurrent(other, at_start_.context); });
+  script.Wait().Step([] { Quit(); });
+  EveryDialog().front().show(host_);
+  EXPECT_EQ(SDL_GL_GetCurrentContext(), at_start_.context);
+  EXPECT_EQ(SDL_GL_GetCurrentWindow(), other);
+}
+
 TEST_F(HostContext, OfACallbackThatPumpsTheHeartbeatStaysCurrent) {
   DialogScript script;
   script.Step([this] {

@@ -385,6 +385,7 @@ class MessageBoxLoopTest : public MessageBoxTest {
     MessageBoxTest::TearDown();
   }
 
+  void ForgetFonts() { fonts_ = {}; }
   SDL_Window* Window() const { return bundle_.window.get(); }
   int Run(const SdlMessageBox::Config& config, float scale = 1.0F,
           MessageBoxTypeVisual visual = VisualForMessageBoxType(SdlMessageBox::Type::Question)) {
@@ -501,6 +502,16 @@ TEST_F(MessageBoxLoopTest, NoGlyphLeavesTheBadgeEmpty) {
   Run(YesNo(), 1.0F, MessageBoxTypeVisual{{1, 2, 3, 255}, nullptr});
   EXPECT_THAT(Recorder().last_frame().Texts(),
               ElementsAre("Overwrite?", "The image exists already.", "Yes", "No"));
+}
+
+TEST_F(MessageBoxLoopTest, WithoutFontsLooksForNoneAndHeedsItsKeys) {
+  ForgetFonts();
+  const long opened = Recorder().CallCount("TTF_OpenFont");
+  DialogScript script;
+  script.Wait().Step([] { KeyDown(SDLK_ESCAPE); });
+  EXPECT_EQ(Run(YesNo()), 8);
+  EXPECT_EQ(Recorder().CallCount("TTF_OpenFont"), opened);
+  EXPECT_THAT(Recorder().last_frame().Texts(), ElementsAre());
 }
 
 TEST_F(MessageBoxLoopTest, HandlesStayTheCallers) {

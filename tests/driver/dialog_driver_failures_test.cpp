@@ -36,9 +36,9 @@ class DialogDriverFailure : public DialogTest {
  protected:
   void RunHdd() { EXPECT_FALSE(ShowSimpleHddCreateDialog(MakeParent(), "out", 32).accepted); }
 
-  void RunScreenshot(ScreenshotSaveFormat format = ScreenshotSaveFormat::Png) {
+  void RunScreenshot(ScreenshotSaveFormat format = ScreenshotSaveFormat::Png, bool bmp_rle = true) {
     EXPECT_FALSE(
-        ShowScreenshotSaveDialog(MakeParent(), "out", "shot", format, 90, 2, true).accepted);
+        ShowScreenshotSaveDialog(MakeParent(), "out", "shot", format, 90, 2, bmp_rle).accepted);
   }
 
   void RunShader() {
@@ -277,6 +277,10 @@ TEST_F(DialogDriverFailure, OptionsThatTheFormatLacks) {
   RunScreenshot();
   EXPECT_EQ(box.failure(), "step 1 (tick run-length encoding): only BMP has that check box" +
                                ScreenshotShows("shot.png", "PNG (*.png)"));
+  DialogDriver unticked;
+  unticked.EnterFormatOption(1);
+  RunScreenshot(ScreenshotSaveFormat::Bmp, false);
+  EXPECT_THAT(unticked.failure(), ::testing::HasSubstr(", run-length encoding off"));
 }
 
 TEST_F(DialogDriverFailure, UnknownFormat) {

@@ -108,6 +108,7 @@ const std::vector<PrefixCase>& Prefixes() {
       {"nan(0x1F)", NanWith(31)},
       {"nan(017)", NanWith(15)},
       {"nan(0)", NanWith(0)},
+      {"nan(99999999999999999999999{)", NanWith(0)},
       {"nan(0x)", NanWith(0)},
       {"nan(08)", NanWith(0)},
       {"nan(1_2)", NanWith(0)},

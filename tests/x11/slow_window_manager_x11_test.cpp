@@ -454,7 +454,7 @@ TEST_F(FramedWindow, HasNoFrameWithoutFourNumbers) {
   EXPECT_FALSE(X11ErrorTrap(Parent()).Frame().has_value());
 }
 
-TEST_F(FramedWindow, ThatIsGoneIsWhereSdlKnewIt) {
+TEST_F(FramedWindow, ThatIsGoneIsWhereSdlKnewItAndNotOnTheScreen) {
   OwnedSdlWindow window(SDL_CreateWindow("Gone", 40, 50, 320, 200, SDL_WINDOW_HIDDEN));
   ASSERT_NE(window, nullptr);
   const SDL_Point known = PlaceBySdl(window.get());
@@ -464,6 +464,7 @@ TEST_F(FramedWindow, ThatIsGoneIsWhereSdlKnewIt) {
     EXPECT_EQ(trap.Position().x, known.x);
     EXPECT_EQ(trap.Position().y, known.y);
     EXPECT_FALSE(trap.Frame().has_value());
+    EXPECT_FALSE(trap.IsOnScreen());
   }
   // SDL's own request to take it away fails while the errors are still listened to.
   window.reset();

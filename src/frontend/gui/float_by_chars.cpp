@@ -48,8 +48,9 @@ void AppendDigit(char c, FloatBase base, std::string* digits) {
   }
 }
 
+// Of a sign or none, and digits.
 long ReadExponent(std::string_view text) {
-  if (!text.empty() && text.front() == '+') {
+  if (text.front() == '+') {
     text.remove_prefix(1);
   }
   long exponent = 0;
