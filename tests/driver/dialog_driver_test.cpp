@@ -177,6 +177,15 @@ TEST_F(DialogDriverTest, TicksRunLengthEncodingOnlyWhereItDiffers) {
   }
 }
 
+TEST_F(DialogDriverTest, ChoosesFormatFromAListThatIsOpen) {
+  DialogDriver driver;
+  driver.Click(BuildScreenshotSaveDialogLayout(900, 410).format_box)
+      .ChooseFormat(ScreenshotSaveFormat::Bmp)
+      .Save();
+  EXPECT_EQ(RunScreenshot().format, ScreenshotSaveFormat::Bmp);
+  EXPECT_EQ(driver.failure(), "");
+}
+
 // --- Shader parameters ---------------------------------------------------------------------------
 
 constexpr const char* kOneParameter = "#pragma parameter GAMMA \"Gamma\" 1.0 0.1 5.0 0.1\n";
