@@ -59,6 +59,8 @@ frontend::gui::ModalWindowBundle OpenHostWindow() {
     throw NothingShownError(std::string("no window: ") + SDL_GetError());
   }
   SDL_SetWindowMinimumSize(bundle.window.get(), 480, 420);
+  // SDL starts with it on, and the key that opens a dialog would be typed into it.
+  SDL_StopTextInput();
   return bundle;
 }
 

@@ -219,6 +219,34 @@ TEST_F(DemoHost, DrawsWithItsOpenGlContextUnderEveryDialog) {
   EXPECT_EQ(host.LostContexts(), 0);
 }
 
+int KeepText(void* typed, SDL_Event* event) {
+  if (event->type == SDL_TEXTINPUT) {
+    *static_cast<std::string*>(typed) += event->text.text;
+  }
+  return 0;
+}
+
+TEST_F(DemoHost, KeyThatOpensADialogIsNotTypedIntoIt) {
+  const SdlSession session(VideoChoice::Display);
+  const DemoCommands commands = MakeDemoCommands();
+  HostWindow host(commands);
+  std::string typed;
+  SDL_AddEventWatch(&KeepText, &typed);
+  const testing::X11Hands hands([] {
+    const X11WindowId window = WaitForX11Window(kHostTitle);
+    WaitForX11Focus(window);
+    PressKey("6");
+    WaitForX11Focus(WaitForX11Window("Create HDD Image"));
+    PressKey("7");
+    PressKey("Escape");
+    WaitForX11Focus(window);
+    testing::CloseByWindowManager(window);
+  });
+  host.Run();
+  SDL_DelEventWatch(&KeepText, &typed);
+  EXPECT_EQ(typed, "7");
+}
+
 class TourProgram : public testing::X11DisplayTest {
  protected:
   // What a picture shows of the guest above the shader dialog.
