@@ -209,7 +209,12 @@ class Checks {
     WaitForX11WindowToRest(host_);
     FocusHost();
     const X11WindowId dialog = OpenFocused(kHddKey, kHddTitle);
-    const SDL_Rect frame = testing::X11FrameGeometry(dialog);
+    // A window manager that tells of no frame is waited for before the dialog is moved.
+    SDL_Rect frame{};
+    testing::WaitUntil([&] {
+      frame = testing::X11FrameGeometry(dialog);
+      return Lies(frame, UsableArea());
+    });
     PressAndExpectGone("Escape", kHddTitle);
     WaitForKeys(host_);
     Expect(Lies(frame, UsableArea()),
