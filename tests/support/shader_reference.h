@@ -1,18 +1,20 @@
 #pragma once
 
 /// The rules of the shader parsers once more, written for plainness with the standard library's own
-/// streams and conversions: what the library's faster code must agree with. stof follows the
+/// streams and conversions: what the library's faster code must agree with. strtof follows the
 /// process locale, so compare under the C locale only.
 
 #include <algorithm>
 #include <bit>
 #include <cctype>
+#include <cerrno>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <locale>
+#include <optional>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -132,11 +134,19 @@ inline std::vector<std::string> ReferenceNames(const std::string& contents) {
   return names;
 }
 
-/// One C library makes a NaN out of "nan(7)" that is not quiet.
-inline float ReferenceFloat(const std::string& text) {
-  const float value = std::stof(text);
-  return std::isnan(value) ? std::bit_cast<float>(std::bit_cast<std::uint32_t>(value) | 0x400000U)
-                           : value;
+/// What std::stof makes of it, but that a NaN is always quiet and in range: one C library makes
+/// another one out of "nan(7)", and some say ERANGE when the brackets hold too great a number.
+inline std::optional<float> ReferenceFloat(const std::string& text) {
+  char* end = nullptr;
+  errno = 0;
+  const float value = std::strtof(text.c_str(), &end);
+  if (std::isnan(value)) {
+    return std::bit_cast<float>(std::bit_cast<std::uint32_t>(value) | 0x400000U);
+  }
+  if (end == text.c_str() || errno == ERANGE) {
+    return std::nullopt;
+  }
+  return value;
 }
 
 /// Reads a preset's text.
@@ -159,11 +169,8 @@ inline std::vector<frontend::gui::ShaderParameterValue> ReferenceOverrides(
     if (text.size() >= 2 && text.front() == '"' && text.back() == '"') {
       text = text.substr(1, text.size() - 2);
     }
-    try {
-      values.push_back({key, ReferenceFloat(text)});
-    } catch (const std::logic_error&) {
-      // No number, or out of range: the line is skipped.
-      continue;
+    if (const std::optional<float> value = ReferenceFloat(text)) {
+      values.push_back({key, *value});
     }
   }
   return values;

@@ -72,8 +72,7 @@ bool IsWordChar(char c) {
   return utils::is_ascii_digit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
 }
 
-// A whole number of base 8, 10 or 16, as "0" or "0x" at its start say; 0 where it is none, empty
-// where it is out of range.
+// A whole number of base 8, 10 or 16, as "0" or "0x" at its start say; empty where it is none.
 std::optional<std::uint64_t> ReadWhole(std::string_view text) {
   int base = 10;
   if (StartsWithWord(text, "0x")) {
@@ -85,24 +84,22 @@ std::optional<std::uint64_t> ReadWhole(std::string_view text) {
   std::uint64_t whole = 0;
   const char* const end = text.data() + text.size();
   const std::from_chars_result result = std::from_chars(text.data(), end, whole, base);
-  if (result.ec == std::errc::result_out_of_range) {
+  if (result.ec == std::errc::invalid_argument || result.ptr != end) {
     return std::nullopt;
   }
-  return result.ptr == end ? whole : 0;
+  return result.ec == std::errc::result_out_of_range ? std::numeric_limits<std::uint64_t>::max()
+                                                     : whole;
 }
 
 // What follows "nan": a number in brackets goes into the bits that say nothing.
-std::optional<float> ParseNan(std::string_view rest) {
+float ParseNan(std::string_view rest) {
   constexpr std::uint32_t kFreeBits = 0x3FFFFFU;
   auto bits = std::bit_cast<std::uint32_t>(std::numeric_limits<float>::quiet_NaN());
   if (rest.starts_with('(')) {
     rest.remove_prefix(1);
     const std::size_t length = CountLeading(rest, &IsWordChar);
-    if (length < rest.size() && rest[length] == ')') {
-      const std::optional<std::uint64_t> number = ReadWhole(rest.substr(0, length));
-      if (!number) {
-        return std::nullopt;
-      }
+    const std::optional<std::uint64_t> number = ReadWhole(rest.substr(0, length));
+    if (number && length < rest.size() && rest[length] == ')') {
       bits |= static_cast<std::uint32_t>(*number) & kFreeBits;
     }
   }
