@@ -16,6 +16,7 @@
 #include "sdl_session.h"
 #include "support/child_process.h"
 #include "support/temporary_directory.h"
+#include "support/text_watch.h"
 #include "support/wait_until.h"
 #include "support/x11_display.h"
 
@@ -219,19 +220,11 @@ TEST_F(DemoHost, DrawsWithItsOpenGlContextUnderEveryDialog) {
   EXPECT_EQ(host.LostContexts(), 0);
 }
 
-int KeepText(void* typed, SDL_Event* event) {
-  if (event->type == SDL_TEXTINPUT) {
-    *static_cast<std::string*>(typed) += event->text.text;
-  }
-  return 0;
-}
-
 TEST_F(DemoHost, KeyThatOpensADialogIsNotTypedIntoIt) {
   const SdlSession session(VideoChoice::Display);
   const DemoCommands commands = MakeDemoCommands();
   HostWindow host(commands);
-  std::string typed;
-  SDL_AddEventWatch(&KeepText, &typed);
+  const testing::TextWatch watch;
   const testing::X11Hands hands([] {
     const X11WindowId window = WaitForX11Window(kHostTitle);
     WaitForX11Focus(window);
@@ -243,8 +236,7 @@ TEST_F(DemoHost, KeyThatOpensADialogIsNotTypedIntoIt) {
     testing::CloseByWindowManager(window);
   });
   host.Run();
-  SDL_DelEventWatch(&KeepText, &typed);
-  EXPECT_EQ(typed, "7");
+  EXPECT_THAT(watch.Texts(), ::testing::ElementsAre("7"));
 }
 
 class TourProgram : public testing::X11DisplayTest {

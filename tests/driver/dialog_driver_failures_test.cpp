@@ -5,7 +5,6 @@
 
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 #include "driver/driven_hosts.h"
 #include "frontend/gui/about_dialog.h"
@@ -16,6 +15,7 @@
 #include "frontend/gui/testing/dialog_driver.h"
 #include "frontend/gui/testing/push_event.h"
 #include "support/dialog_test.h"
+#include "support/text_watch.h"
 
 namespace quindle::testing {
 namespace {
@@ -241,26 +241,17 @@ TEST_F(DialogDriverFailure, TextThatAFieldRefuses) {
                 ScreenshotShows("shot.jpg", "JPEG (*.jpg)", "123"));
 }
 
-int KeepText(void* texts, SDL_Event* event) {
-  if (event->type == SDL_TEXTINPUT) {
-    static_cast<std::vector<std::string>*>(texts)->emplace_back(event->text.text);
-  }
-  return 0;
-}
-
 // As SDL itself sends it, a whole character at a time.
 TEST_F(DialogDriverFailure, TextOfSeveralBytesACharacter) {
   if (frontend::gui::testing::IsTextQueuedByAddress()) {
     GTEST_SKIP() << "this SDL shows such events to no watch";
   }
-  std::vector<std::string> texts;
-  SDL_AddEventWatch(&KeepText, &texts);
+  const TextWatch watch;
   DialogDriver name;
   name.EnterFileName("o\xC3\xB6\xE2\x82\xAC\xF0\x9F\x98\x80\x80p");
   RunScreenshot();
-  SDL_DelEventWatch(&KeepText, &texts);
-  EXPECT_THAT(texts, ::testing::ElementsAre("o", "\xC3\xB6", "\xE2\x82\xAC", "\xF0\x9F\x98\x80",
-                                            "\x80", "p"));
+  EXPECT_THAT(watch.Texts(), ::testing::ElementsAre("o", "\xC3\xB6", "\xE2\x82\xAC",
+                                                    "\xF0\x9F\x98\x80", "\x80", "p"));
   EXPECT_THAT(name.failure(), ::testing::HasSubstr("the field did not take the whole text"));
 }
 

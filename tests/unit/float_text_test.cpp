@@ -115,6 +115,7 @@ const std::vector<PrefixCase>& Prefixes() {
       {"nan(1_2)", NanWith(0)},
       {"nan(12", NanWith(0)},
       {"nan(-1)", NanWith(0)},
+      {"nan(99999999999999999999999)", NanWith(0x3FFFFF)},
       {"nan(18446744073709551615)", NanWith(0x3FFFFF)},
       {"nan(18446744073709551616)", NanWith(0x3FFFFF)},
       {"nan(0x10000000000000000)", NanWith(0x3FFFFF)},

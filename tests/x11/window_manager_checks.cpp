@@ -210,15 +210,15 @@ class Checks {
     FocusHost();
     const X11WindowId dialog = OpenFocused(kHddKey, kHddTitle);
     // A window manager that tells of no frame is waited for before the dialog is moved.
+    const SDL_Rect area = UsableArea();
     SDL_Rect frame{};
-    testing::WaitUntil([&] {
+    const bool lies = testing::WaitUntil([&] {
       frame = testing::X11FrameGeometry(dialog);
-      return Lies(frame, UsableArea());
+      return Lies(frame, area);
     });
     PressAndExpectGone("Escape", kHddTitle);
     WaitForKeys(host_);
-    Expect(Lies(frame, UsableArea()),
-           "its frame begins at " + std::to_string(frame.x) + ", " + std::to_string(frame.y));
+    Expect(lies, "its frame begins at " + std::to_string(frame.x) + ", " + std::to_string(frame.y));
   }
 
   // The window manager may have hidden the dialog with its parent, so the key is sent to it.

@@ -94,19 +94,18 @@ bool X11ErrorTrap::IsOnScreen() const {
 }
 
 SDL_Point X11ErrorTrap::Position() const {
-  if (!x11_) {
-    return PositionBySdl(window_);
+  if (x11_) {
+    const auto& [library, handle, former_display, former_handler] = *x11_;
+    XWindowAttributes attributes{};
+    SDL_Point position{};
+    Window child = 0;
+    if (library.get_window_attributes(handle.display, handle.window, &attributes) != 0 &&
+        library.translate_coordinates(handle.display, handle.window, attributes.root, 0, 0,
+                                      &position.x, &position.y, &child) != 0) {
+      return position;
+    }
   }
-  const auto& [library, handle, former_display, former_handler] = *x11_;
-  XWindowAttributes attributes{};
-  SDL_Point position{};
-  Window child = 0;
-  if (library.get_window_attributes(handle.display, handle.window, &attributes) == 0 ||
-      library.translate_coordinates(handle.display, handle.window, attributes.root, 0, 0,
-                                    &position.x, &position.y, &child) == 0) {
-    return PositionBySdl(window_);
-  }
-  return position;
+  return PositionBySdl(window_);
 }
 
 std::optional<FrameSize> X11ErrorTrap::Frame() const {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstring>
 
+#include "frontend/gui/x11_error_trap.h"
 #include "frontend/gui/x11_library.h"
 
 namespace quindle::frontend::gui {
@@ -62,6 +63,7 @@ bool HintX11Modal(SDL_Window* window, SDL_Window* parent) {
 void UnhintX11Modal(SDL_Window* window) {
   const std::optional<X11Handle> own = IsX11Driver() ? FindX11Handle(window) : std::nullopt;
   const X11Library xlib;
+  const X11ErrorTrap trap(window);
   XWindowAttributes attributes{};
   if (!own || !xlib.IsLoaded() ||
       xlib.get_window_attributes(own->display, own->window, &attributes) == 0) {
