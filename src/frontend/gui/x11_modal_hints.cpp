@@ -61,9 +61,12 @@ bool HintX11Modal(SDL_Window* window, SDL_Window* parent) {
 }
 
 void UnhintX11Modal(SDL_Window* window) {
-  const std::optional<X11Handle> own = IsX11Driver() ? FindX11Handle(window) : std::nullopt;
-  const X11Library xlib;
+  if (!IsX11Driver()) {
+    return;
+  }
   const X11ErrorTrap trap(window);
+  const std::optional<X11Handle> own = FindX11Handle(window);
+  const X11Library xlib;
   XWindowAttributes attributes{};
   if (!own || !xlib.IsLoaded() ||
       xlib.get_window_attributes(own->display, own->window, &attributes) == 0) {
