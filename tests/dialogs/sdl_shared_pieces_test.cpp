@@ -315,6 +315,16 @@ class SharedDrawing : public DialogTest {
 
   int Width(const std::string& text) const { return MeasureText(font_.get(), text).width; }
 
+  // How often a text that fits in `width` is measured by the four that cut or clip texts.
+  long MeasurementsToFit(const std::string& text, int width) const {
+    const long before = Recorder().CallCount("TTF_SizeUTF8");
+    EXPECT_EQ(FitTextLeft(font_.get(), text, width), text);
+    EXPECT_EQ(FitTextRight(font_.get(), text, width), text);
+    DrawTextStartVisible(renderer_, font_.get(), text, 0, 0, width, kColTextHi);
+    DrawTextEndVisible(renderer_, font_.get(), text, 0, 0, width, kColTextHi);
+    return Recorder().CallCount("TTF_SizeUTF8") - before;
+  }
+
   // Cuts a text on either side: what is left fits, and one character more would not.
   void ExpectMostThatFits(const std::string& text, int width) const {
     const std::string left = FitTextLeft(font_.get(), text, width);
@@ -530,23 +540,23 @@ TEST_F(SharedDrawing, NothingFitsInNoRoom) {
 
 // Measuring costs a third of drawing, so what is short for its room goes without.
 TEST_F(SharedDrawing, ShortTextIsNotMeasured) {
-  const std::string text = "floppies/system.img";
+  const std::string text = "floppies/Größe.img";
   const int bound = static_cast<int>(text.size()) * TTF_FontHeight(font_.get());
-  const auto measurements_in = [&](int width) {
-    const auto before = Recorder().CallCount("TTF_SizeUTF8");
-    EXPECT_EQ(FitTextLeft(font_.get(), text, width), text);
-    EXPECT_EQ(FitTextRight(font_.get(), text, width), text);
-    DrawTextStartVisible(renderer_, font_.get(), text, 0, 0, width, kColTextHi);
-    DrawTextEndVisible(renderer_, font_.get(), text, 0, 0, width, kColTextHi);
-    return Recorder().CallCount("TTF_SizeUTF8") - before;
-  };
-  EXPECT_EQ(measurements_in(bound), 0);
-  EXPECT_EQ(measurements_in(bound - 1), 4);
-  EXPECT_EQ(measurements_in(Width(text)), 4);
+  EXPECT_EQ(MeasurementsToFit(text, bound), 0);
+  EXPECT_EQ(MeasurementsToFit(text, bound - 1), 4);
+  EXPECT_EQ(MeasurementsToFit(text, Width(text)), 4);
+}
+
+// A font may have characters of many times its height: "U+FDFD" is a phrase of four words.
+TEST_F(SharedDrawing, CharactersOfThreeBytesAreAlwaysMeasured) {
+  for (const Uint32 code_point : {0x7FFU, 0x800U, 0xFDFDU, 0x12031U}) {
+    EXPECT_EQ(MeasurementsToFit("a" + Utf8(code_point), 4000), code_point < 0x800 ? 0 : 4)
+        << code_point;
+  }
 }
 
 // What is never measured must really fit, with each of the fonts that a host may have.
-TEST_F(SharedDrawing, NoCharacterIsWiderThanItsBytesTimesTheLinesHeight) {
+TEST_F(SharedDrawing, NoCharacterOfTwoBytesIsWiderThanThemTimesTheLinesHeight) {
   for (const char* path : {"data/ttf/IBMPlexSans-Regular.ttf", "data/ttf/IBMPlexSans-SemiBold.ttf",
                            "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf",
                            "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf"}) {
@@ -554,10 +564,7 @@ TEST_F(SharedDrawing, NoCharacterIsWiderThanItsBytesTimesTheLinesHeight) {
     ASSERT_NE(font, nullptr) << path;
     TTF_SetFontStyle(font.get(), TTF_STYLE_BOLD);
     Recorder().SetDrawMode(testing::DrawMode::Counted);
-    for (Uint32 code_point = 1; code_point < 0x20000; ++code_point) {
-      if (code_point >= 0x80 && TTF_GlyphIsProvided32(font.get(), code_point) == 0) {
-        continue;
-      }
+    for (Uint32 code_point = 1; code_point < 0x800; ++code_point) {
       const std::string character = Utf8(code_point);
       EXPECT_LE(MeasureText(font.get(), character).width,
                 static_cast<int>(character.size()) * TTF_FontHeight(font.get()))

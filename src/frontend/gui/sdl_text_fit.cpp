@@ -19,10 +19,14 @@ std::size_t MostBytesIn(int width) {
   return std::max(kBytesInAnyWidth, static_cast<std::size_t>(std::max(width, 0)) * kBytesPerPixel);
 }
 
-// No character is wider than the line is high for each of its bytes. Measuring costs a third of
-// drawing, so a text that is short for its room goes without.
+// Measuring costs a third of drawing, so a text that is short for its room goes without. No
+// character of one or two bytes is wider than the line is high for each of them. Of those with more
+// bytes some are: a whole phrase can be one character.
 bool IsShortFor(TTF_Font* font, std::string_view text, int width) {
-  return static_cast<long long>(text.size()) * TTF_FontHeight(font) <= width;
+  constexpr unsigned char kFirstOfThreeBytes = 0xE0;
+  return static_cast<long long>(text.size()) * TTF_FontHeight(font) <= width &&
+         std::all_of(text.begin(), text.end(),
+                     [](unsigned char byte) { return byte < kFirstOfThreeBytes; });
 }
 
 bool Fits(TTF_Font* font, std::string_view text, int width) {
