@@ -477,10 +477,10 @@ int PickerTextWidth(const std::string& text) {
 }
 
 TEST_F(PickerDialogTest, LongHintKeepsItsBeginningAndALongFolderItsEnd) {
-  const std::string dir = "/" + std::string(150, 'm') + "/end";
+  const std::string dir = "/" + std::string(150, 'm').append("/end");
   g_listings["/"] = {Folder(dir)};
   SdlPickerDialogOptions options = Options();
-  options.hint = "hint " + std::string(150, 'm') + " end";
+  options.hint = "hint " + std::string(150, 'm').append(" end");
   std::vector<DrawCall> texts;
   Play({[] { KeyDown(SDLK_RETURN); },
         [&texts] {

@@ -223,7 +223,7 @@ TEST(ScreenshotSaveDialogText, FileNameHolds180Bytes) {
   ScreenshotSaveDialogState state = OpenState(kPng, kFocusFileName);
   state.file_name_text = std::string(178, 'n');
   HandleScreenshotSaveDialogTextInput(&state, "a/bc");
-  EXPECT_EQ(state.file_name_text, std::string(178, 'n') + "ab");
+  EXPECT_EQ(state.file_name_text, std::string(178, 'n').append("ab"));
   HandleScreenshotSaveDialogTextInput(&state, "d");
   EXPECT_EQ(state.file_name_text.size(), 180U);
 }
@@ -274,7 +274,7 @@ TEST(ScreenshotSaveDialogText, LongerTextsOfTheHostAreKept) {
     state.focus = focus;
     HandleScreenshotSaveDialogTextInput(&state, "9");
   }
-  EXPECT_EQ(FieldsOf(state), std::string(300, 'n') + "|12345|678");
+  EXPECT_EQ(FieldsOf(state), std::string(300, 'n').append("|12345|678"));
 }
 
 // --- Commit --------------------------------------------------------------------------------------
