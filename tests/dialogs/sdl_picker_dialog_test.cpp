@@ -437,7 +437,7 @@ TEST_F(PickerMeasuring, ShortTextsAreDrawnUnmeasured) {
 }
 
 TEST_F(PickerMeasuring, TextsOfAboutTheRowsWidthAreMeasuredOnce) {
-  const PickerEntry name_of_most_of_the_row = File("/" + std::string(45, 'm'));
+  const PickerEntry name_of_most_of_the_row = File(std::string("/").append(45, 'm'));
   EXPECT_EQ(MeasurementsInAFrame(std::vector<PickerEntry>(1000, name_of_most_of_the_row)),
             kVisibleRows);
 }
@@ -477,10 +477,10 @@ int PickerTextWidth(const std::string& text) {
 }
 
 TEST_F(PickerDialogTest, LongHintKeepsItsBeginningAndALongFolderItsEnd) {
-  const std::string dir = "/" + std::string(150, 'm').append("/end");
+  const std::string dir = std::string("/").append(150, 'm').append("/end");
   g_listings["/"] = {Folder(dir)};
   SdlPickerDialogOptions options = Options();
-  options.hint = "hint " + std::string(150, 'm').append(" end");
+  options.hint = std::string("hint ").append(150, 'm').append(" end");
   std::vector<DrawCall> texts;
   Play({[] { KeyDown(SDLK_RETURN); },
         [&texts] {
@@ -560,7 +560,7 @@ TEST_F(PickerDialogTest, CaptionsOfButtonsWithoutRoomDoNotShow) {
 }
 
 TEST_F(PickerDialogTest, NothingButTheCaptionsIsClipped) {
-  g_listings["/"] = {File("/" + std::string(200, 'm'))};
+  g_listings["/"] = {File(std::string("/").append(200, 'm'))};
   Play({[] {
           for (const DrawCall& call : Recorder().last_frame().draws) {
             if (call.rect.y < kAcceptButton.y + 7) {
