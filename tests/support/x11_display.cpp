@@ -11,6 +11,7 @@
 #include <sstream>
 #include <utility>
 
+#include "frontend/gui/sdl_modal_runtime.h"
 #include "support/x11_requests.h"
 
 namespace quindle::testing {
@@ -370,7 +371,8 @@ void X11DialogTest::SetUp() {
 }
 
 void X11DialogTest::TearDown() {
-  SDL_DestroyWindow(parent_);
+  // As a host does that runs on top of SDL3.
+  frontend::gui::DestroySdlWindow(parent_);
   parent_ = nullptr;
   SDL_Quit();
 }

@@ -95,7 +95,7 @@ class OpenGlHost {
   }
   ~OpenGlHost() {
     SDL_GL_DeleteContext(context_);
-    SDL_DestroyWindow(window_);
+    frontend::gui::DestroySdlWindow(window_);
   }
   OpenGlHost(const OpenGlHost&) = delete;
   OpenGlHost& operator=(const OpenGlHost&) = delete;

@@ -347,6 +347,14 @@ TEST_F(ErrorTrap, TellsWhoHasTheFocus) {
   EXPECT_TRUE(trap.CanTakeFocusFrom(hidden.get()));
 }
 
+TEST_F(ErrorTrap, ReleaseOfAWindowThatIsGoneIsNoEnd) {
+  OwnedSdlWindow window(SDL_CreateWindow("Gone", 40, 50, 320, 200, SDL_WINDOW_HIDDEN));
+  XDestroyWindow(own_, X11WindowOf(window.get()));
+  window.reset();
+  XSync(own_, False);
+  EXPECT_EQ(g_errors_heard, 0);
+}
+
 // What is sent to no window goes to the one under the pointer.
 TEST_F(ErrorTrap, ModalStateOfAWindowThatIsGoneIsNobodysToTakeOff) {
   ASSERT_TRUE(X11ErrorTrap(Parent()).WaitUntilViewable());

@@ -22,7 +22,9 @@ QUINDLE_SDL_UI_EXPORT void DestroySdlTexture(SDL_Texture* texture) noexcept;
 /// Releases a renderer with SDL_DestroyRenderer.
 /// @param renderer what to release; null does nothing
 QUINDLE_SDL_UI_EXPORT void DestroySdlRenderer(SDL_Renderer* renderer) noexcept;
-/// Releases a window with SDL_DestroyWindow.
+/// Releases a window with SDL_DestroyWindow. On X11 an error of the display during that is passed
+/// over: where SDL2's interface runs on top of SDL3, SDL may ask for the frame of a window that is
+/// shown while the window manager removes it, and Xlib's own answer is the end of the program.
 /// @param window what to release; null does nothing
 QUINDLE_SDL_UI_EXPORT void DestroySdlWindow(SDL_Window* window) noexcept;
 /// Closes a font with TTF_CloseFont.

@@ -6,6 +6,7 @@
 #include "frontend/gui/modal_hints.h"
 #include "frontend/gui/sdl_host_state.h"
 #include "frontend/gui/window_focus.h"
+#include "frontend/gui/x11_error_trap.h"
 #include "frontend/gui/x11_modal_hints.h"
 
 namespace quindle::frontend::gui {
@@ -50,6 +51,8 @@ void DestroySdlRenderer(SDL_Renderer* renderer) noexcept {
 void DestroySdlWindow(SDL_Window* window) noexcept {
   if (window != nullptr) {
     UnmarkWindowModal(window);
+    // SDL3 asks, still in here, about the frame that the window manager is taking away.
+    const X11ErrorTrap trap(window);
     SDL_DestroyWindow(window);
   }
 }
